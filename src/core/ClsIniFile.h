@@ -1,0 +1,47 @@
+#pragma once
+// The profile store over "KORVAL Settings.ini": one item at a time, each save replacing the
+// file atomically. A parsed copy of the file is kept while the file on disk is unchanged, so
+// the settings walker's hundreds of reads at start-up parse the file once.
+#include "IniDocument.h"
+
+#include <string>
+#include <string_view>
+
+#include <sys/types.h>
+
+namespace korval {
+
+class ClsIniFile {
+public:
+    // Room for 2048 characters with the terminating zero: a longer value comes back cut.
+    static constexpr std::size_t ReadLimit = 2047;
+
+    // False when the file could not be replaced; the old file is then untouched.
+    bool ProfileSaveItem(std::string_view section, std::string_view key, std::string_view value,
+                         const std::string& file);
+    std::string ProfileGetItem(std::string_view section, std::string_view key,
+                               std::string_view defaultValue, const std::string& file);
+    bool ProfileDeleteItem(std::string_view section, std::string_view key, const std::string& file);
+    bool ProfileDeleteSection(std::string_view section, const std::string& file);
+
+    // Counts the runs in "Run"/"Times" as a side effect: true only when no count was there yet.
+    bool CheckFirstRun(const std::string& file);
+
+private:
+    struct Identity {
+        dev_t device = 0;
+        ino_t inode = 0;
+        off_t size = -1;
+        long long mtimeNs = -1;
+        bool operator==(const Identity&) const = default;
+    };
+    static Identity identityOf(const std::string& file);
+    const IniDocument& load(const std::string& file);
+    bool store(const std::string& file, IniDocument doc);
+
+    std::string cachedFile_;
+    Identity cachedIdentity_;
+    IniDocument cached_;
+};
+
+} // namespace korval
