@@ -67,7 +67,8 @@ std::intptr_t ClsDriverKdx::LoadDriver(const std::string& path) {
     }
     table_ = {};
     DriverModule = 0;
-    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    // Kept mapped after release: the driver's threads and state must outlive a reload.
+    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (library == nullptr) {
         return 0;
     }

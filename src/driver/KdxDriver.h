@@ -1,0 +1,125 @@
+#pragma once
+// The serial driver behind the plain C interface: one port, a receive thread that owns the
+// QSerialPort, a polling thread that watches the controller's status, and the stores and sinks
+// the program reads. Blocking calls let the host's events run while they wait.
+#include "FrameSplitter.h"
+
+#include "link/KdxDriverApi.h"
+#include "link/PortMap.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+
+class QObject;
+class QSerialPort;
+class QThread;
+
+namespace korval::driver {
+
+class KdxDriver {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    static KdxDriver& instance();
+    ~KdxDriver();
+
+    enum class SinkRole { TempBuffer, Buffer, Terminal, Report, Traffic };
+    void setSink(SinkRole role, const KdxSink* sink);
+
+    // Port.
+    bool openPort(int port, int baud);
+    bool openDevice(const std::string& device, int port, int baud);
+    void closePort();
+    bool isOpen() const { return open_; }
+    int currentPort() const { return port_; }
+    int currentBaud() const { return baud_; }
+    bool send(const std::string& bytes); // as it stands, adding nothing
+
+    // Receive store and terminal text.
+    std::string readStore(bool clear);
+    int countStore();
+    bool storeContains(const std::string& text);
+    void clearStore();
+    void removeFromStore(const std::string& text);
+    std::string terminal();
+    void clearTerminal();
+    void cleanTerminal();
+
+    // Controller exchanges.
+    std::optional<std::string> transact(const std::string& item,
+                                        Clock::duration silence = std::chrono::milliseconds(300),
+                                        Clock::duration cap = std::chrono::seconds(3));
+    std::string verifyStatus();
+    int waitForChar(const std::string& character, std::int64_t limit);
+    int runAndWait(std::int64_t limit);
+    int detect(int highestPort, const KdxSink* progress);
+    void jog(int motor, int speed, bool positive, const KdxSink* target);
+
+    // Escape and scan abort.
+    void setEscape(bool on);
+    bool functionsEnabled() const { return !escape_ || activeCalls_ > 0; }
+    bool escaped() const { return escape_; }
+    std::atomic<int> scanAbort{0};
+
+    // Threads.
+    bool startThreads();
+    void stopThreads();
+
+    // The debug window is the program's to draw: the driver keeps its state and the traffic.
+    std::atomic<int> formOpen{0};
+    std::atomic<int> formX{0};
+    std::atomic<int> formY{0};
+
+private:
+    KdxDriver();
+    void onBytes(const std::string& bytes);
+    void onPortLost();
+    void writeSink(SinkRole role, const std::string& text);
+    void traffic(char direction, const std::string& bytes);
+    void pollLoop();
+    void pollOnce();
+    bool waitUntil(const std::function<bool()>& ready, std::optional<Clock::time_point> deadline);
+    void pump();
+    bool lockExchange();
+
+    PortMap portMap_;
+    std::unique_ptr<QThread> io_;
+    QObject* context_ = nullptr; // lives in the receive thread
+    QSerialPort* serial_ = nullptr;
+    std::atomic<bool> open_{false};
+    std::atomic<int> port_{0};
+    std::atomic<int> baud_{0};
+
+    std::mutex mutex_; // guards everything below it
+    std::condition_variable changed_;
+    std::string store_;
+    std::string terminal_;
+    std::deque<std::string> frames_;
+    FrameSplitter splitter_;
+    Clock::time_point lastByte_{};
+    std::uint64_t carets_ = 0;
+    KdxSink sinks_[5]{};
+    std::string lastReport_;
+    int jogMotor_ = 0;
+    KdxSink jogTarget_{};
+
+    std::timed_mutex exchange_; // one private exchange at a time
+    std::atomic<bool> escape_{false};
+    std::atomic<int> activeCalls_{0};
+
+    std::thread poller_;
+    std::atomic<bool> stopPolling_{false};
+    std::mutex pollMutex_;
+    std::condition_variable pollWake_;
+};
+
+} // namespace korval::driver
