@@ -1,0 +1,204 @@
+#include "link/StatusDisplay.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <deque>
+#include <vector>
+
+using namespace korval;
+
+namespace {
+
+struct Panel : StatusPanel, WaitContext {
+    std::string caption = "Verifying Status";
+    bool power = false;
+    bool online = false;
+    std::vector<std::string> log; // "@t what"
+    Clock::time_point t{};
+    std::deque<std::string> words; // what VerifyStatus reads next
+    StatusDisplay* display = nullptr;
+    int depth = 0;
+    int maxDepth = 0;
+
+    std::string at() const {
+        char buf[32];
+        std::snprintf(buf, sizeof buf, "@%.2f ",
+                      std::chrono::duration<double>(t.time_since_epoch()).count());
+        return buf;
+    }
+    std::string Caption() const override { return caption; }
+    void SetCaption(const std::string& text) override { caption = text; }
+    void SetLamps(bool p, bool o) override {
+        power = p;
+        online = o;
+        log.push_back(at() + (p ? "G" : "g") + (o ? "Y" : "y"));
+    }
+    Clock::time_point now() override { return t; }
+    void runEvents(Clock::duration budget) override { t += budget; }
+
+    void kill() { log.push_back(at() + "KillProgram"); }
+    void verify() {
+        log.push_back(at() + "VerifyStatus");
+        if (words.empty()) {
+            return;
+        }
+        const auto word = words.front();
+        words.pop_front();
+        ++depth;
+        maxDepth = std::max(maxDepth, depth);
+        display->OnKdxChanged(word);
+        --depth;
+    }
+};
+
+struct DisplayFixture : ::testing::Test {
+    Panel panel;
+    ClsTimeDelay delay{panel};
+    StatusDisplay display{panel, delay, [this] { panel.kill(); }, [this] { panel.verify(); }};
+    DisplayFixture() { panel.display = &display; }
+    std::size_t count(const std::string& suffix) const {
+        return static_cast<std::size_t>(
+            std::count_if(panel.log.begin(), panel.log.end(),
+                          [&](const auto& l) { return l.ends_with(suffix); }));
+    }
+};
+
+} // namespace
+
+TEST_F(DisplayFixture, SteadyCodesAndWordsSetTheCaptionAndLamps) {
+    const struct {
+        bool report;
+        const char* text;
+        const char* caption;
+        bool power;
+        bool online;
+    } cases[] = {
+        {true, "R", "ONLINEREADY", true, true},
+        {true, "J", "OFFLINEREADY", true, false},
+        {true, "B", "BUSY", true, true},
+        {true, "b", "JOGGING", true, false},
+        {true, "\xCBS", "STOP PUSHED", true, true},
+        {true, "ERRORCOMMUNICATIONS", "ERRORCOMMUNICATIONS", false, false},
+        {false, "ONLINEREADY", "ONLINEREADY", true, true},
+        {false, "OFFLINEREADY", "OFFLINEREADY", true, false},
+        {false, "BUSY", "BUSY", true, true},
+        {false, "OFFLINEBUSY", "OFFLINEBUSY", true, false},
+        {false, "JOGGING", "JOGGING", true, false},
+        {false, "ERRORSTOPBUTTON", "ERRORSTOPBUTTON", true, true},
+    };
+    for (const auto& c : cases) {
+        panel.caption = "before";
+        panel.power = !c.power;
+        panel.online = !c.online;
+        c.report ? display.OnReport(c.text) : display.OnKdxChanged(c.text);
+        EXPECT_EQ(panel.caption, c.caption) << c.text;
+        EXPECT_EQ(panel.power, c.power) << c.text;
+        EXPECT_EQ(panel.online, c.online) << c.text;
+    }
+}
+
+TEST_F(DisplayFixture, SteadyErrorsAndUnknownTextsLeaveTheLamps) {
+    const struct {
+        bool report;
+        const char* text;
+        const char* caption;
+    } cases[] = {
+        {true,
+         "\xCB"
+         "F",
+         "ERRORFLASHROM"},
+        {true,
+         "\xCB"
+         "E",
+         "ERROREEPROM"},
+        {true, "\xCBU", "ERRORBUFFEROVERFLOW"},
+        {true, "Z", "before"},
+        {true, "r", "before"},
+        {false, "ERRORFLASHROM", "ERRORFLASHROM"},
+        {false, "ERROREEPROM", "ERROREEPROM"},
+        {false, "ERRORINVALIDMOTORNUMBER", "ERRORINVALIDMOTORNUMBER"},
+        {false, "ERRORBUFFEROVERFLOW", "ERRORBUFFEROVERFLOW"},
+        {false, "ERRORCOMMUNICATIONS", "before"},
+        {false, "nonsense", "before"},
+    };
+    for (const auto& c : cases) {
+        panel.caption = "before";
+        panel.log.clear();
+        c.report ? display.OnReport(c.text) : display.OnKdxChanged(c.text);
+        EXPECT_EQ(panel.caption, c.caption) << c.text;
+        EXPECT_TRUE(panel.log.empty()) << c.text;
+    }
+}
+
+TEST_F(DisplayFixture, MemoryFullFlashesTwiceThenAsksAgain) {
+    display.OnReport("\xCBM");
+    EXPECT_EQ(panel.caption, "ERRORMEMORYFULL") << "the code always means memory full";
+    EXPECT_EQ(panel.log, (std::vector<std::string>{"@0.00 GY", "@0.10 gy", "@0.10 GY", "@0.20 gy",
+                                                   "@0.30 VerifyStatus"}));
+}
+
+TEST_F(DisplayFixture, LongFlashesRunTenRoundsAndASecondBeforeAskingAgain) {
+    for (const char* code : {"\xCBJ", "\xCB"
+                                      "C"}) {
+        panel.t = {};
+        panel.log.clear();
+        display.OnReport(code);
+        EXPECT_EQ(count("GY"), 10u);
+        EXPECT_EQ(count("gy"), 10u);
+        EXPECT_EQ(panel.log.back(), "@3.00 VerifyStatus");
+    }
+    EXPECT_EQ(panel.caption, "ERRORCONTINUOUSINDEX");
+    for (const char* word : {"ERRORNESTEDLOOP", "ERRORJUMPANDRETURN", "ERRORCONTINUOUSINDEX"}) {
+        panel.t = {};
+        panel.log.clear();
+        display.OnKdxChanged(word);
+        EXPECT_EQ(panel.caption, word);
+        EXPECT_EQ(panel.log.back(), "@3.00 VerifyStatus");
+    }
+}
+
+TEST_F(DisplayFixture, ABusErrorFlashesTenTimesFirstAndOnceWhenAlreadyShown) {
+    display.OnReport("\xCB"
+                     "B");
+    EXPECT_EQ(panel.caption, "ERRORBUSS");
+    EXPECT_EQ(count("Gy"), 11u) << "ten rounds and the end";
+    EXPECT_EQ(panel.log[panel.log.size() - 2], "@2.10 Gy");
+    EXPECT_EQ(panel.log.back(), "@2.10 KillProgram");
+    EXPECT_EQ(panel.t.time_since_epoch(), std::chrono::milliseconds(3100)) << "a second after";
+
+    panel.t = {};
+    panel.log.clear();
+    display.OnReport("\xCB"
+                     "B");
+    EXPECT_EQ(panel.log, (std::vector<std::string>{"@0.00 GY", "@0.25 gy", "@0.50 KillProgram"}));
+
+    panel.t = {};
+    panel.log.clear();
+    display.OnKdxChanged("ERRORBUSS");
+    EXPECT_EQ(panel.log, (std::vector<std::string>{"@0.00 GY", "@0.25 gy", "@0.50 VerifyStatus"}));
+
+    panel.caption = "ONLINEREADY";
+    panel.t = {};
+    panel.log.clear();
+    display.OnKdxChanged("ERRORBUSS");
+    EXPECT_EQ(panel.log.back(), "@3.10 VerifyStatus") << "the pause comes before asking";
+}
+
+TEST_F(DisplayFixture, AnErrorThatStaysKeepsBlinkingUntilASteadyWordWithoutNesting) {
+    panel.words.assign(50, "ERRORMEMORYFULL");
+    panel.words.push_back("ONLINEREADY");
+    display.OnReport("\xCBM");
+    EXPECT_EQ(count("VerifyStatus"), 51u);
+    EXPECT_EQ(count("GY"), 2u + 50u * 2u + 1u) << "a blink of two for every error word";
+    EXPECT_EQ(panel.caption, "ONLINEREADY");
+    EXPECT_TRUE(panel.power && panel.online);
+    EXPECT_EQ(panel.maxDepth, 2) << "fifty rounds of blinking nest no deeper than one";
+}
+
+TEST_F(DisplayFixture, AReportEndingARunAsksForTheStatus) {
+    panel.words = {"BUSY"};
+    display.OnReport("^");
+    EXPECT_EQ(panel.caption, "BUSY");
+    EXPECT_EQ(panel.log.front(), "@0.00 VerifyStatus");
+}
