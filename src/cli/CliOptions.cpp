@@ -1,0 +1,106 @@
+#include "CliOptions.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korval::cli {
+
+namespace {
+
+struct Command {
+    const char* name;
+    const char* help;
+};
+
+const std::array<Command, 6> Commands = {{
+    {"ports", "ports                  list port numbers and the devices they resolve to"},
+    {"detect", "detect [--max-port N]  scan like the auto-detect; print \"Com<N> <baud>\";\n"
+               "                       exit 1 when nothing answers"},
+    {"status", "status                 print the status word"},
+    {"send", "send TEXT              send as the terminal does (rewrites, on/off line), wait,\n"
+             "                       print what came back"},
+    {"info", "info SUBJECT           one panel's text: processor, opmode, programs, axis,\n"
+             "                       joystick-analog, joystick-digital, output-pulse,\n"
+             "                       multifunction, analog-input, outputs, overtravel, inputs,\n"
+             "                       limits"},
+    {"diag", "diag [--output FILE]   the complete diagnostic: progress on stderr, the report's\n"
+             "                       exact bytes on stdout, or saved to FILE (\".txt\" added)"},
+}};
+
+const Command* findCommand(const std::string& name) {
+    const auto it = std::find_if(Commands.begin(), Commands.end(),
+                                 [&](const Command& c) { return name == c.name; });
+    return it == Commands.end() ? nullptr : &*it;
+}
+
+} // namespace
+
+std::string usage() {
+    std::string text = "usage: korval-cli [--port N|DEVICE] [--baud 9600|19200|38400] "
+                       "[--sim[=OPTIONS]] COMMAND [ARGS]\n\ncommands:\n";
+    for (const auto& c : Commands) {
+        text += "  " + std::string(c.help) + "\n";
+    }
+    text += "\n--sim runs a virtual controller inside this program, e.g. "
+            "--sim=arrangement=2+2,firmware=1.21\n"
+            "Exit status: 0 done, 1 the controller does not answer, 2 usage error.\n";
+    return text;
+}
+
+std::string commandHelp(const std::string& command) {
+    const auto* c = findCommand(command);
+    return c == nullptr ? "" : "usage: korval-cli [options] " + std::string(c->help) + "\n";
+}
+
+ParseResult parseCommandLine(const std::vector<std::string>& argv) {
+    CliOptions o;
+    for (std::size_t i = 0; i < argv.size(); ++i) {
+        const auto& a = argv[i];
+        const auto value = [&](const std::string& name) -> std::optional<std::string> {
+            if (a.starts_with(name + "=")) {
+                return a.substr(name.size() + 1);
+            }
+            if (a == name && i + 1 < argv.size()) {
+                return argv[++i];
+            }
+            return std::nullopt;
+        };
+        if (!o.command.empty()) {
+            if (a == "--help" || a == "-h") {
+                o.help = true;
+            } else {
+                o.args.push_back(a);
+            }
+        } else if (a == "--help" || a == "-h") {
+            o.help = true;
+        } else if (a == "--sim") {
+            o.sim = "";
+        } else if (a.starts_with("--sim=")) {
+            o.sim = a.substr(6);
+        } else if (a.starts_with("--port")) {
+            const auto v = value("--port");
+            if (!v || v->empty()) {
+                return {std::nullopt, "--port needs a port number or a device"};
+            }
+            o.port = *v;
+        } else if (a.starts_with("--baud")) {
+            const auto v = value("--baud");
+            if (!v || (*v != "9600" && *v != "19200" && *v != "38400")) {
+                return {std::nullopt, "--baud must be 9600, 19200 or 38400"};
+            }
+            o.baud = std::stoi(*v);
+        } else if (a.starts_with("-")) {
+            return {std::nullopt, "unknown option " + a};
+        } else if (findCommand(a) == nullptr) {
+            return {std::nullopt, "unknown command " + a + " (korval-cli --help lists them)"};
+        } else {
+            o.command = a;
+        }
+    }
+    if (o.command.empty() && !o.help) {
+        return {std::nullopt, "no command given (korval-cli --help lists them)"};
+    }
+    return {o, ""};
+}
+
+} // namespace korval::cli

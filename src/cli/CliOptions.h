@@ -1,0 +1,28 @@
+#pragma once
+// The command line of korval-cli, read into one record. Qt-free so it is tested on its own.
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korval::cli {
+
+struct CliOptions {
+    std::string port = "1"; // a port number, "Com3", or a device path
+    int baud = 9600;
+    std::optional<std::string> sim; // --sim[=OPTIONS]: the in-process controller's options
+    std::string command;
+    std::vector<std::string> args;
+    bool help = false;
+};
+
+struct ParseResult {
+    std::optional<CliOptions> options;
+    std::string error; // one line, for stderr, when options is empty
+};
+
+ParseResult parseCommandLine(const std::vector<std::string>& argv);
+
+std::string usage();
+std::string commandHelp(const std::string& command); // empty for an unknown command
+
+} // namespace korval::cli
