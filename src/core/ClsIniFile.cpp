@@ -18,6 +18,9 @@ ClsIniFile::Identity ClsIniFile::identityOf(const std::string& file) {
 }
 
 const IniDocument& ClsIniFile::load(const std::string& file) {
+    if (dirty_ && file == cachedFile_) {
+        return cached_; // the batch holds what the file will say
+    }
     const auto identity = identityOf(file);
     if (file != cachedFile_ || !(identity == cachedIdentity_) || identity.size < 0) {
         cached_ = IniDocument::parse(readWholeFile(file).value_or(std::string()));
@@ -28,6 +31,18 @@ const IniDocument& ClsIniFile::load(const std::string& file) {
 }
 
 bool ClsIniFile::store(const std::string& file, IniDocument doc) {
+    if (batch_ && dirty_ && file != cachedFile_) {
+        if (!EndBatch()) { // another file: the first one is written out now
+            return false;
+        }
+        batch_ = true;
+    }
+    if (batch_) {
+        cached_ = std::move(doc);
+        cachedFile_ = file;
+        dirty_ = true;
+        return true;
+    }
     if (!writeFileAtomically(file, doc.serialize())) {
         cachedFile_.clear(); // the disk still holds the old text; read it again next time
         return false;
@@ -36,6 +51,19 @@ bool ClsIniFile::store(const std::string& file, IniDocument doc) {
     cachedFile_ = file;
     cachedIdentity_ = identityOf(file);
     return true;
+}
+
+void ClsIniFile::BeginBatch() {
+    batch_ = true;
+}
+
+bool ClsIniFile::EndBatch() {
+    batch_ = false;
+    if (!dirty_) {
+        return true;
+    }
+    dirty_ = false;
+    return store(cachedFile_, cached_);
 }
 
 bool ClsIniFile::ProfileSaveItem(std::string_view section, std::string_view key,

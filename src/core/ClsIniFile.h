@@ -27,6 +27,11 @@ public:
     // Counts the runs in "Run"/"Times" as a side effect: true only when no count was there yet.
     bool CheckFirstRun(const std::string& file);
 
+    // Between these two, saves change only the copy in memory, and EndBatch writes the file
+    // once: the settings walker saves hundreds of items at shutdown.
+    void BeginBatch();
+    bool EndBatch();
+
 private:
     struct Identity {
         dev_t device = 0;
@@ -39,6 +44,8 @@ private:
     const IniDocument& load(const std::string& file);
     bool store(const std::string& file, IniDocument doc);
 
+    bool batch_ = false;
+    bool dirty_ = false;
     std::string cachedFile_;
     Identity cachedIdentity_;
     IniDocument cached_;

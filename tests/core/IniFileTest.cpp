@@ -150,3 +150,18 @@ TEST_F(IniFixture, CheckFirstRunCountsTheRuns) {
     EXPECT_FALSE(ini.CheckFirstRun(file));
     EXPECT_EQ(ini.ProfileGetItem("Run", "Times", "", file), "42");
 }
+
+TEST_F(IniFixture, ABatchWritesTheFileOnceAtItsEnd) {
+    ini.ProfileSaveItem("Run", "Times", "1", file);
+    ini.BeginBatch();
+    ini.ProfileDeleteSection("W", file);
+    for (int i = 0; i < 100; ++i) {
+        ini.ProfileSaveItem("W", "\tC" + std::to_string(i) + ".Value", std::to_string(i), file);
+    }
+    EXPECT_EQ(ini.ProfileGetItem("W", "C42.Value", "", file), "42") << "reads see the batch";
+    EXPECT_EQ(bytes(), "[Run]\r\nTimes=1\r\n") << "nothing written yet";
+    ASSERT_TRUE(ini.EndBatch());
+    ClsIniFile fresh;
+    EXPECT_EQ(fresh.ProfileGetItem("W", "C99.Value", "", file), "99");
+    EXPECT_EQ(fresh.ProfileGetItem("Run", "Times", "", file), "1");
+}
