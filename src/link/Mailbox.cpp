@@ -25,9 +25,10 @@ void Mailbox::Box::setText(std::string text) {
 
 Mailbox::Mailbox(Wake wake) : wake_(std::move(wake)) {}
 
-Mailbox::Box& Mailbox::addBox(Mode mode, Handler handler) {
+Mailbox::Box& Mailbox::addBox(Mode mode, Handler handler, std::size_t limit) {
     boxes_.push_back(Box(*this, mode));
     auto& box = boxes_.back();
+    box.limit_ = limit;
     box.sink_.context = &box; // the sink must name the box where it now lives
     box.handler_ = std::move(handler);
     return box;
@@ -71,7 +72,7 @@ void Mailbox::drain() {
         }
         Box& box = *next.box;
         if (box.mode_ == Mode::Append) {
-            box.text_ += next.text;
+            box.text_ += next.text.substr(0, box.limit_ - std::min(box.limit_, box.text_.size()));
         } else {
             box.text_ = std::move(next.text);
         }

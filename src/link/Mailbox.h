@@ -39,6 +39,7 @@ public:
 
         Mailbox& owner_;
         Mode mode_;
+        std::size_t limit_ = std::string::npos; // an append box holds no more than this
         KdxSink sink_;
         std::string text_;
         Handler handler_;
@@ -48,7 +49,8 @@ public:
     Mailbox(const Mailbox&) = delete;
     Mailbox& operator=(const Mailbox&) = delete;
 
-    Box& addBox(Mode mode, Handler handler = {});
+    // An append box stops taking text at `limit` characters, as a text box does when full.
+    Box& addBox(Mode mode, Handler handler = {}, std::size_t limit = std::string::npos);
     void setWake(Wake wake);
 
     // Applies what is queued, in order. Handlers may run nested drains (a handler that waits

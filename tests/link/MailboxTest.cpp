@@ -93,3 +93,13 @@ TEST(Mailbox, WritesFromManyThreadsAllArrive) {
     mailbox.drain();
     EXPECT_EQ(box.text().size(), 4000u);
 }
+
+TEST(Mailbox, AFullAppendBoxTakesNoMoreText) {
+    Mailbox mailbox;
+    auto& buffer = mailbox.addBox(Mailbox::Mode::Append, {}, 5);
+    write(buffer.sink(), "abc");
+    write(buffer.sink(), "defg");
+    write(buffer.sink(), "h");
+    mailbox.drain();
+    EXPECT_EQ(buffer.text(), "abcde");
+}

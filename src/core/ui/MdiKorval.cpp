@@ -1,0 +1,452 @@
+#include "MdiKorval.h"
+
+#include "FrmDriverDebug.h"
+#include "FrmKdxAdmin.h"
+#include "FrmKdxToolSplash.h"
+#include "KorvalApp.h"
+
+#include "core/AdminSettings.h"
+#include "core/MainWindowRules.h"
+#include "core/MenuTree.h"
+#include "link/ui/FrmKdxDriverCallback.h"
+#include "link/ui/FrmKdxToolDetect.h"
+#include "link/ui/FrmKdxToolSetPort.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace korval {
+
+namespace {
+
+struct ToolButton {
+    const char* name;
+    Symbol symbol;
+    const char* tip;
+    const char* menu; // the menu entry it stands for; "" for the panel's own buttons
+};
+
+const ToolButton ToolBarButtons[] = {
+    {"PicQuickMoveSingle", Symbol::QuickMoveSingle, "Single Axis QuickMove",
+     "MnuToolsQuickMoveSingle"},
+    {"PicQuickMoveMulti", Symbol::QuickMoveMulti, "Simultaneous Axis QuickMove",
+     "MnuToolsQuickMoveSimultaneous"},
+    {"PicAutoReverse", Symbol::AutoReverse, "Auto-Reverse QuickMove", "MnuToolsAutoReverse"},
+    {"PicVirtualJog", Symbol::VirtualJog, "Virtual Jog", "MnuToolsVirtualJog"},
+    {"PicTerminal", Symbol::Terminal, "KDX Terminal", "MnuToolsTerminal"},
+};
+
+const ToolButton PanelButtons[] = {
+    {"PicStatusButton", Symbol::Status, "Get Current Status of KDX", ""},
+    {"PicOnlineButton", Symbol::Online, "KDX On-Line", ""},
+    {"PicLocalButton", Symbol::Local, "KDX Off-Line (Local Mode)", ""},
+    {"PicStopButton", Symbol::Stop, "Stop KDX Program", ""},
+    {"PicRunButton", Symbol::Run, "Run Current KDX Program", ""},
+};
+
+QString q(const std::string& s) {
+    return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+} // namespace
+
+FocusKeeper::FocusKeeper() {
+    window_ = QApplication::activeWindow();
+    control_ = QApplication::focusWidget();
+    if (auto* edit = qobject_cast<QLineEdit*>(control_.data())) {
+        caret_ = edit->cursorPosition();
+    }
+}
+
+FocusKeeper::~FocusKeeper() {
+    if (!control_) {
+        return;
+    }
+    if (auto* edit = qobject_cast<QLineEdit*>(control_.data()); edit != nullptr && caret_ >= 0) {
+        edit->setCursorPosition(caret_);
+    }
+    if (window_ && window_->isVisible()) {
+        window_->activateWindow();
+    }
+    if (control_->isVisible()) {
+        control_->setFocus();
+    }
+}
+
+MdiKorval::MdiKorval() : FormBase("MdiKorval", "KORVAL") {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto* bar = new QMenuBar(this);
+    layout->setMenuBar(bar);
+    buildMenus();
+    for (auto* menu : findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (menu->menuAction()->property("topLevel").toBool()) {
+            bar->addMenu(menu);
+        }
+    }
+    layout->addWidget(buildToolBar());
+    area_ = new QMdiArea(this);
+    area_->setObjectName("MdiArea");
+    area_->setBackground(QColor(160, 160, 168));
+    layout->addWidget(area_, 1);
+    layout->addWidget(buildStatusBar());
+    resize(1100, 760);
+
+    auto& app = App();
+    display_ = std::make_unique<StatusDisplay>(
+        *this, app.delay, [&app] { app.kdx.KillProgram(); }, [&app] { app.kdx.VerifyStatus(); });
+    subscriptions_[0] = app.kdx.PortChanged.subscribe(
+        [this](const std::string& p, const std::string& b) { PortChanged(p, b); });
+    subscriptions_[1] =
+        app.kdx.PortOpenOrClosed.subscribe([this](const std::string& s) { PortOpenOrClosed(s); });
+    subscriptions_[2] =
+        app.kdx.KdxChanged.subscribe([this](const std::string& w) { KdxChanged(w); });
+    wireHandlers();
+
+    // Centred on the screen.
+    if (const auto* screen = QApplication::primaryScreen()) {
+        const auto area = screen->availableGeometry();
+        move(area.x() + (area.width() - width()) / 2, area.y() + (area.height() - height()) / 2);
+    }
+}
+
+MdiKorval::~MdiKorval() {
+    auto& app = App();
+    app.kdx.PortChanged.unsubscribe(subscriptions_[0]);
+    app.kdx.PortOpenOrClosed.unsubscribe(subscriptions_[1]);
+    app.kdx.KdxChanged.unsubscribe(subscriptions_[2]);
+}
+
+void MdiKorval::buildMenus() {
+    QHash<QString, QMenu*> menus;
+    const auto& tree = MenuTree();
+    const auto hasChildren = [&tree](std::string_view name) {
+        return std::any_of(tree.begin(), tree.end(),
+                           [&](const MenuEntry& e) { return e.parent == name; });
+    };
+    for (const auto& e : tree) {
+        const auto name = QString::fromLatin1(e.name.data(), static_cast<qsizetype>(e.name.size()));
+        const auto caption =
+            QString::fromLatin1(e.caption.data(), static_cast<qsizetype>(e.caption.size()));
+        const auto parentName =
+            QString::fromLatin1(e.parent.data(), static_cast<qsizetype>(e.parent.size()));
+        QMenu* parent = menus.value(parentName);
+        QAction* action = nullptr;
+        if (hasChildren(e.name)) {
+            auto* menu = new QMenu(caption, this);
+            menus.insert(name, menu);
+            action = menu->menuAction();
+            action->setProperty("topLevel", e.parent.empty());
+            if (parent != nullptr) {
+                parent->addMenu(menu);
+            }
+        } else if (caption == "-") {
+            action = parent->addSeparator();
+        } else {
+            action = new QAction(caption, this);
+            parent->addAction(action);
+            connect(action, &QAction::triggered, this, [this, name] {
+                if (const auto handler = handlers_.value(name)) {
+                    handler();
+                }
+            });
+        }
+        action->setObjectName(name);
+        actions_.insert(name, action);
+    }
+}
+
+QWidget* MdiKorval::buildToolBar() {
+    toolBar_ = new QWidget(this);
+    toolBar_->setObjectName("PicToolBar");
+    auto* row = new QHBoxLayout(toolBar_);
+    row->setContentsMargins(4, 3, 4, 3);
+    for (const auto& b : ToolBarButtons) {
+        auto* button = new PictureButton(b.name, b.symbol, toolBar_);
+        button->setToolTip(b.tip);
+        const QString menu = b.menu;
+        connect(button, &PictureButton::pressed, this, [this, button, menu] {
+            button->showDown();
+            App().delay.TimeDelay(0.25);
+            if (const auto handler = handlers_.value(menu)) {
+                handler();
+            }
+        });
+        row->addWidget(button);
+    }
+    row->addStretch(1);
+    return toolBar_;
+}
+
+QWidget* MdiKorval::buildStatusBar() {
+    auto* bar = new QWidget(this);
+    bar->setObjectName("PicStatus");
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(4, 2, 4, 4);
+    auto* detect = new PictureButton("PicAutoDetect", Symbol::AutoDetect, bar);
+    detect->setToolTip("AutoDetect KDX");
+    row->addWidget(detect);
+
+    auto* frameKdx = new QGroupBox(bar);
+    frameKdx->setObjectName("FrameKdx");
+    auto* buttons = new QHBoxLayout(frameKdx);
+    buttons->setContentsMargins(4, 4, 4, 4);
+    for (const auto& b : PanelButtons) {
+        auto* button = new PictureButton(b.name, b.symbol, frameKdx);
+        button->setToolTip(b.tip);
+        buttons->addWidget(button);
+    }
+    row->addWidget(frameKdx);
+
+    auto* frameStatus = new QGroupBox("KDX Status", bar);
+    frameStatus->setObjectName("FrameKdxStatus");
+    auto* status = new QHBoxLayout(frameStatus);
+    power_ = new Lamp("PicKdxPower", QColor(40, 200, 60), frameStatus);
+    online_ = new Lamp("PicKdxOnline", QColor(245, 210, 30), frameStatus);
+    lblStatusKdx_ = new QLabel("Verifying Status", frameStatus);
+    lblStatusKdx_->setObjectName("LblStatusKdx");
+    lblStatusKdx_->setMinimumWidth(190);
+    QFont bold = lblStatusKdx_->font();
+    bold.setBold(true);
+    lblStatusKdx_->setFont(bold);
+    lblStatusPort_ = new QLabel("Port Status: Closed", frameStatus);
+    lblStatusPort_->setObjectName("LblStatusPort");
+    lblPortCurrent_ = new QLabel("Port: Com255, Baud: 38400", frameStatus);
+    lblPortCurrent_->setObjectName("LblPortCurrent");
+    status->addWidget(power_);
+    status->addWidget(online_);
+    status->addWidget(lblStatusKdx_);
+    status->addSpacing(12);
+    status->addWidget(lblStatusPort_);
+    status->addSpacing(12);
+    status->addWidget(lblPortCurrent_);
+    row->addWidget(frameStatus, 1);
+    return bar;
+}
+
+PictureButton* MdiKorval::Button(const QString& name) const {
+    return findChild<PictureButton*>(name);
+}
+
+void MdiKorval::Adopt(FormBase& form) {
+    auto* frame = area_->addSubWindow(&form);
+    frame->setWindowTitle(form.windowTitle());
+    frame->setAttribute(Qt::WA_DeleteOnClose, false);
+    form.SetSubWindow(frame);
+    frame->installEventFilter(&form);
+    frame->hide();
+}
+
+void MdiKorval::SetHandler(const QString& menu, std::function<void()> handler) {
+    handlers_.insert(menu, std::move(handler));
+    if (auto* action = actions_.value(menu)) {
+        action->setEnabled(true);
+    }
+}
+
+void MdiKorval::wireHandlers() {
+    // Every leaf starts disabled; the entries whose windows exist are switched on here.
+    for (const auto& e : MenuTree()) {
+        auto* action = actions_.value(
+            QString::fromLatin1(e.name.data(), static_cast<qsizetype>(e.name.size())));
+        if (action != nullptr && action->menu() == nullptr && !action->isSeparator()) {
+            action->setEnabled(false);
+        }
+    }
+    for (const auto& b : ToolBarButtons) {
+        Button(b.name)->setEnabled(false);
+    }
+    auto& app = App();
+    SetHandler("MnuToolsAutoDetect", [&app] { app.detect->DetectKdx(); });
+    SetHandler("MnuToolsManualDetect", [&app] { app.setPort->ShowWindow(); });
+    SetHandler("MnuToolsAdminKorvalSettings",
+               [this, &app] { adminPassword([&app] { app.admin->ShowWindow(); }); });
+    SetHandler("MnuDriverDebugShow", [this, &app] {
+        adminPassword([&app] {
+            app.kdx.DebugWindowShow();
+            app.debug->ShowWindow(); // the traffic view is drawn here, inside the main window
+            app.delay.TimeDelay(1);
+        });
+    });
+    SetHandler("MnuDriverDebugHide", [&app] {
+        app.kdx.DebugWindowHide();
+        app.debug->HideWindow();
+    });
+    SetHandler("MnuDriverRecovery", [&app] { app.recovery->ShowWindow(); });
+    SetHandler("MnuHelpAbout", [&app] { app.splash->ShowAbout(); });
+    SetHandler("MnuHelpAutoRevInstr", [this] {
+        openHelp("Documentation/KORVAL Users Manual/", "Help Files (*.htm;*.html)|*.htm;*.html",
+                 "AutoReverse.html");
+    });
+    SetHandler("MnuHelpCableConnections", [this] {
+        openHelp("Documentation/Cable Connections", "Cable Connections (*.pdf)|*.pdf",
+                 "Cable Connections.pdf");
+    });
+    SetHandler("MnuHelpKorvalManual", [this] {
+        openHelp("Documentation/KORVAL Users Manual",
+                 "KORVAL User Manual(*.htm;*.html)|*.htm;*.html", "Table of Contents.html");
+    });
+    SetHandler("MnuHelpKdxManual", [this] {
+        openHelp("Documentation/KDX Users Manual",
+                 "KDX User Manual (*.pdf)|*.pdf|KDX User Manual(*.html)|*.html",
+                 "kdx_user_manl.pdf");
+    });
+    for (const int size : {8, 10, 12, 14, 18, 24}) {
+        SetHandler(QString("MnuFormatFont%1").arg(size), [this, size] { FontSize(size); });
+    }
+
+    connect(Button("PicAutoDetect"), &PictureButton::pressed, this,
+            [&app] { app.detect->DetectKdx(); });
+    connect(Button("PicRunButton"), &PictureButton::pressed, this,
+            [this] { PicRunButton_MouseDown(); });
+    connect(Button("PicStopButton"), &PictureButton::pressed, this,
+            [this] { PicStopButton_MouseDown(); });
+    connect(Button("PicStatusButton"), &PictureButton::pressed, this,
+            [this] { PicStatusButton_MouseDown(); });
+    connect(Button("PicOnlineButton"), &PictureButton::pressed, this,
+            [this] { PicOnlineButton_MouseDown(); });
+    connect(Button("PicLocalButton"), &PictureButton::pressed, this,
+            [this] { PicLocalButton_MouseDown(); });
+}
+
+void MdiKorval::adminPassword(const std::function<void()>& onMatch) {
+    if (AdminPasswordAccepted(App().prompts.InputBox("Enter Password", "KORVAL Password"))) {
+        onMatch();
+    }
+}
+
+void MdiKorval::openHelp(const std::string& folder, const std::string& filter,
+                         const std::string& file) {
+    const auto chosen = App().prompts.OpenFile(
+        {"Open Help File", filter, App().folders.application + folder, file});
+    if (chosen && !chosen->empty()) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromLocal8Bit(chosen->c_str())));
+    }
+}
+
+std::string MdiKorval::Caption() const {
+    return lblStatusKdx_->text().toLatin1().toStdString();
+}
+
+void MdiKorval::SetCaption(const std::string& text) {
+    lblStatusKdx_->setText(q(text));
+    lblStatusKdx_->repaint();
+}
+
+void MdiKorval::SetLamps(bool powerLit, bool onlineLit) {
+    power_->setLit(powerLit);
+    online_->setLit(onlineLit);
+    power_->repaint();
+    online_->repaint();
+}
+
+void MdiKorval::PortChanged(const std::string& port, const std::string& baud) {
+    lblPortCurrent_->setText(q(PortCurrentText(port, baud)));
+    lblPortCurrent_->repaint();
+}
+
+void MdiKorval::PortOpenOrClosed(const std::string& state) {
+    QPalette palette = lblStatusPort_->palette();
+    palette.setColor(QPalette::WindowText, state == "Closed" ? QColor(255, 0, 0) : QColor(0, 0, 0));
+    lblStatusPort_->setPalette(palette);
+    lblStatusPort_->setText(q("Port Status: " + state));
+    lblStatusPort_->repaint();
+}
+
+void MdiKorval::KdxChanged(const std::string& word) {
+    FocusKeeper focus;
+    if (App().splash != nullptr && App().splash->isVisible()) {
+        return; // start-up's own status queries must not change the panel too early
+    }
+    if (!word.empty()) {
+        display_->OnKdxChanged(word);
+    }
+}
+
+void MdiKorval::PicRunButton_MouseDown() {
+    auto& app = App();
+    app.runFlag = true;
+    auto* button = Button("PicRunButton");
+    button->showDown();
+    if (ProgramIsEmpty(app.kdx.GetProgramMemory())) {
+        app.prompts.Message(EmptyProgramMessage(app.kdx.GetProgramNumber()),
+                            "Error: Running Program", Prompts::Icon::Critical,
+                            Prompts::Buttons::Ok);
+    } else {
+        app.kdx.RunKdxProgram();
+    }
+    button->showUp();
+    app.runFlag = false; // the terminal reads again once the run has been handed over
+}
+
+void MdiKorval::PicStopButton_MouseDown() {
+    auto& app = App();
+    app.stopFlag = true;
+    Button("PicStopButton")->showDown();
+    app.kdx.StopProgram();
+    app.kdx.EscapeDriverFunctionTrue();
+    app.delay.TimeDelay(0.25);
+    app.kdx.EscapeDriverFunctionFalse();
+    app.stopFlag = false;
+}
+
+void MdiKorval::PicStatusButton_MouseDown() {
+    auto& app = App();
+    Button("PicStatusButton")->showDown();
+    SetLamps(false, false);
+    SetCaption("Verifying Status");
+    app.delay.TimeDelay(0.25);
+    app.callback->StatusReport().setText("");
+    app.kdx.VerifyStatus();
+}
+
+void MdiKorval::PicOnlineButton_MouseDown() {
+    Button("PicOnlineButton")->showDown();
+    App().kdx.BringOnline();
+}
+
+void MdiKorval::PicLocalButton_MouseDown() {
+    Button("PicLocalButton")->showDown();
+    App().kdx.BringOffline();
+}
+
+void MdiKorval::FontSize(int points) {
+    for (auto* form : App().forms) {
+        if (form == this || !form->objectName().startsWith("FrmKdxTool")) {
+            continue;
+        }
+        for (auto* box : form->findChildren<QWidget*>(QRegularExpression("^Txt"))) {
+            QFont font = box->font();
+            font.setPointSize(points);
+            box->setFont(font);
+        }
+    }
+}
+
+void MdiKorval::closeEvent(QCloseEvent* event) {
+    if (closing_) {
+        event->accept();
+        return;
+    }
+    closing_ = true;
+    event->ignore(); // shutdown takes the windows down itself, in its own order
+    QMetaObject::invokeMethod(
+        qApp, [] { App().Shutdown(); }, Qt::QueuedConnection);
+}
+
+} // namespace korval

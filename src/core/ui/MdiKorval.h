@@ -1,0 +1,98 @@
+#pragma once
+// The one top-level window: the menu tree, the tool bar of picture buttons, the MDI area where
+// the tool windows live, and the status panel with its lamps.
+#include "FormBase.h"
+#include "Pictures.h"
+
+#include "link/StatusDisplay.h"
+
+#include <QHash>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+
+class QAction;
+class QLabel;
+class QMdiArea;
+class QMenu;
+
+namespace korval {
+
+class MdiKorval final : public FormBase, public StatusPanel {
+    Q_OBJECT
+public:
+    MdiKorval();
+    ~MdiKorval() override;
+
+    QAction* Menu(const QString& name) const { return actions_.value(name); }
+    PictureButton* Button(const QString& name) const;
+    QMdiArea* Area() const { return area_; }
+    QWidget* ToolBar() const { return toolBar_; }
+    QLabel* LblStatusKdx() const { return lblStatusKdx_; }
+    Lamp* PicKdxPower() const { return power_; }
+    Lamp* PicKdxOnline() const { return online_; }
+
+    // Puts a tool window into the MDI area; its close box will only hide it.
+    void Adopt(FormBase& form);
+
+    // An entry does something only when its handler exists; the rest stay disabled.
+    void SetHandler(const QString& menu, std::function<void()> handler);
+    bool HasHandler(const QString& menu) const { return handlers_.contains(menu); }
+
+    // Status panel.
+    std::string Caption() const override;
+    void SetCaption(const std::string& text) override;
+    void SetLamps(bool powerLit, bool onlineLit) override;
+    StatusDisplay& Display() { return *display_; }
+
+    void PortChanged(const std::string& port, const std::string& baud);
+    void PortOpenOrClosed(const std::string& state);
+    void KdxChanged(const std::string& word);
+
+    void PicRunButton_MouseDown();
+    void PicStopButton_MouseDown();
+    void PicStatusButton_MouseDown();
+    void PicOnlineButton_MouseDown();
+    void PicLocalButton_MouseDown();
+    void FontSize(int points);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildMenus();
+    QWidget* buildToolBar();
+    QWidget* buildStatusBar();
+    void wireHandlers();
+    void openHelp(const std::string& folder, const std::string& filter, const std::string& file);
+    void adminPassword(const std::function<void()>& onMatch);
+
+    QHash<QString, QAction*> actions_;
+    QHash<QString, std::function<void()>> handlers_;
+    QMdiArea* area_ = nullptr;
+    QWidget* toolBar_ = nullptr;
+    QLabel* lblStatusKdx_ = nullptr;
+    QLabel* lblStatusPort_ = nullptr;
+    QLabel* lblPortCurrent_ = nullptr;
+    Lamp* power_ = nullptr;
+    Lamp* online_ = nullptr;
+    std::unique_ptr<StatusDisplay> display_;
+    int subscriptions_[3] = {0, 0, 0};
+    bool closing_ = false;
+};
+
+// Saves the focus and the caret of the field the user types in, and puts them back: picture
+// changes and nested events may move the focus away meanwhile.
+class FocusKeeper {
+public:
+    FocusKeeper();
+    ~FocusKeeper();
+
+private:
+    QPointer<QWidget> window_;
+    QPointer<QWidget> control_;
+    int caret_ = -1;
+};
+
+} // namespace korval

@@ -1,0 +1,26 @@
+#pragma once
+// The user's dialogues, as Qt shows them.
+#include "core/Prompts.h"
+
+class QWidget;
+#include <QString>
+
+namespace korval {
+
+class QtPrompts final : public Prompts {
+public:
+    explicit QtPrompts(QWidget*& parent) : parent_(parent) {}
+    Answer Message(const std::string& text, const std::string& title, Icon icon,
+                   Buttons buttons) override;
+    std::optional<std::string> OpenFile(const FileDialog& dialog) override;
+    std::optional<std::string> SaveFile(const FileDialog& dialog) override;
+    std::string InputBox(const std::string& prompt, const std::string& title) override;
+
+private:
+    QWidget*& parent_; // the main window once it exists
+};
+
+// "Text Files (*.txt)|*.txt|" as a Qt name filter: "Text Files (*.txt)".
+QString QtFilter(const std::string& filter);
+
+} // namespace korval

@@ -1,0 +1,146 @@
+#include "WidgetWalker.h"
+
+#include "FormBase.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+
+namespace korval {
+
+namespace {
+
+std::string text(const QString& s) {
+    return s.toLatin1().toStdString();
+}
+QString qtext(const std::string& s) {
+    return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+// Each kind reads and writes its value as the settings file keeps it; setting it goes through
+// the widget's own setter, so its change handler runs as for a user's change.
+template <typename Widget> class Control final : public WalkedControl {
+public:
+    Control(Widget* w, ControlKind kind) : widget_(w), kind_(kind) {}
+    ControlKind Kind() const override { return kind_; }
+    std::string Name() const override { return text(widget_->objectName()); }
+    std::string Value() const override;
+    void SetValue(const std::string& value) override;
+
+private:
+    QPointer<Widget> widget_;
+    ControlKind kind_;
+};
+
+template <> std::string Control<QComboBox>::Value() const {
+    return std::to_string(widget_->currentIndex());
+}
+template <> void Control<QComboBox>::SetValue(const std::string& v) {
+    widget_->setCurrentIndex(std::stoi(v));
+}
+template <> std::string Control<QRadioButton>::Value() const {
+    return widget_->isChecked() ? "True" : "False";
+}
+template <> void Control<QRadioButton>::SetValue(const std::string& v) {
+    widget_->setChecked(v == "True");
+}
+template <> std::string Control<QCheckBox>::Value() const {
+    return widget_->isChecked() ? "1" : "0";
+}
+template <> void Control<QCheckBox>::SetValue(const std::string& v) {
+    widget_->setChecked(v != "0");
+}
+template <> std::string Control<QLineEdit>::Value() const {
+    return text(widget_->text());
+}
+template <> void Control<QLineEdit>::SetValue(const std::string& v) {
+    widget_->setText(qtext(v));
+}
+template <> std::string Control<QPlainTextEdit>::Value() const {
+    return text(widget_->toPlainText().replace('\n', "\r\n"));
+}
+template <> void Control<QPlainTextEdit>::SetValue(const std::string& v) {
+    widget_->setPlainText(qtext(v));
+}
+template <> std::string Control<QAction>::Value() const {
+    return widget_->isEnabled() ? "True" : "False";
+}
+template <> void Control<QAction>::SetValue(const std::string& v) {
+    widget_->setEnabled(BooleanFromText(v));
+}
+
+bool named(const QObject* o, const char* prefix) {
+    return o->objectName().startsWith(prefix);
+}
+
+} // namespace
+
+std::string WidgetWalker::Name() const {
+    return form_.Name();
+}
+std::string WidgetWalker::GetVirtualName() const {
+    return form_.GetVirtualName();
+}
+
+QWidget* WidgetWalker::frame() const {
+    return form_.SubWindow() != nullptr ? static_cast<QWidget*>(form_.SubWindow())
+                                        : static_cast<QWidget*>(&form_);
+}
+
+int WidgetWalker::Top() const {
+    return frame()->y();
+}
+int WidgetWalker::Left() const {
+    return frame()->x();
+}
+void WidgetWalker::SetTop(int top) {
+    frame()->move(frame()->x(), top);
+}
+void WidgetWalker::SetLeft(int left) {
+    frame()->move(left, frame()->y());
+}
+
+std::vector<WalkedControl*> WidgetWalker::Controls() {
+    controls_.clear();
+    for (auto* a : form_.findChildren<QAction*>()) {
+        if (named(a, "Mnu") && !a->isSeparator()) {
+            controls_.push_back(std::make_unique<Control<QAction>>(a, ControlKind::Menu));
+        }
+    }
+    for (auto* w : form_.findChildren<QComboBox*>()) {
+        if (named(w, "Cmb")) {
+            controls_.push_back(std::make_unique<Control<QComboBox>>(w, ControlKind::Combo));
+        }
+    }
+    for (auto* w : form_.findChildren<QRadioButton*>()) {
+        if (named(w, "Opt")) {
+            controls_.push_back(std::make_unique<Control<QRadioButton>>(w, ControlKind::Option));
+        }
+    }
+    for (auto* w : form_.findChildren<QLineEdit*>()) {
+        if (named(w, "Txt")) {
+            controls_.push_back(std::make_unique<Control<QLineEdit>>(w, ControlKind::Text));
+        }
+    }
+    for (auto* w : form_.findChildren<QPlainTextEdit*>()) {
+        if (named(w, "Txt")) {
+            controls_.push_back(std::make_unique<Control<QPlainTextEdit>>(w, ControlKind::Text));
+        }
+    }
+    for (auto* w : form_.findChildren<QCheckBox*>()) {
+        if (named(w, "Chk")) {
+            controls_.push_back(std::make_unique<Control<QCheckBox>>(w, ControlKind::Check));
+        }
+    }
+    std::vector<WalkedControl*> out;
+    for (auto& c : controls_) {
+        out.push_back(c.get());
+    }
+    return out;
+}
+
+} // namespace korval

@@ -1,0 +1,41 @@
+#pragma once
+// The port scan: shows the driver's progress and lets the user abort it.
+#include "core/ui/FormBase.h"
+#include "link/Mailbox.h"
+
+class QLineEdit;
+
+namespace korval {
+
+class PictureButton;
+
+class FrmKdxToolDetect final : public FormBase {
+    Q_OBJECT
+public:
+    static constexpr int HighestPort = 16;
+
+    FrmKdxToolDetect();
+    ~FrmKdxToolDetect() override;
+    // The scan from the auto-detect button or menu, with every follow-up.
+    void DetectKdx();
+    void PicAbort_MouseDown();
+    PictureButton* PicAbort() const { return abort_; }
+
+private:
+    QLineEdit* status_;
+    PictureButton* abort_;
+    Mailbox::Box* progress_;
+};
+
+// One button that frees a hung driver.
+class FrmKdxDriverRecovery final : public FormBase {
+    Q_OBJECT
+public:
+    FrmKdxDriverRecovery();
+    void PicKdxErrorRecoverButton_MouseDown();
+
+private:
+    PictureButton* recover_;
+};
+
+} // namespace korval
