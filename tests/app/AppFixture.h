@@ -1,0 +1,90 @@
+#pragma once
+// A program folder of its own for each test, with the real libraries linked into its Driver
+// folder, and dialogues answered from a script.
+#include "core/Prompts.h"
+#include "core/ui/KorvalApp.h"
+
+#include "support/TempFolder.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <filesystem>
+#include <memory>
+
+namespace korval::test {
+
+struct ScriptedPrompts : Prompts {
+    std::deque<std::optional<std::string>> files;
+    std::deque<Answer> answers;
+    std::deque<std::string> inputs;
+    std::vector<std::string> asked;
+
+    Answer Message(const std::string& text, const std::string& title, Icon, Buttons) override {
+        asked.push_back(title + ": " + text);
+        if (answers.empty()) {
+            return Answer::Ok;
+        }
+        auto a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+    std::optional<std::string> OpenFile(const FileDialog& d) override {
+        asked.push_back("open " + d.title);
+        if (files.empty()) {
+            return std::nullopt;
+        }
+        auto f = files.front();
+        files.pop_front();
+        return f;
+    }
+    std::optional<std::string> SaveFile(const FileDialog& d) override {
+        asked.push_back("save " + d.title);
+        return std::nullopt;
+    }
+    std::string InputBox(const std::string& prompt, const std::string& title) override {
+        asked.push_back("input " + title + ": " + prompt);
+        if (inputs.empty()) {
+            return {};
+        }
+        auto i = inputs.front();
+        inputs.pop_front();
+        return i;
+    }
+};
+
+struct AppFixture : ::testing::Test {
+    TempFolder folder;
+    ScriptedPrompts prompts;
+    std::unique_ptr<KorvalApp> app;
+
+    void withDriverFolder() {
+        std::filesystem::create_directory_symlink(KORVAL_DRIVER_DIR, folder.file("Driver"));
+    }
+    void withConfig() { std::filesystem::create_directories(folder.file("Config")); }
+    std::string settingsFile() const { return folder.file("Config/KORVAL Settings.ini"); }
+
+    // Start-up against Com{port}, which the port map points at nothing by default.
+    bool start() {
+        app = std::make_unique<KorvalApp>(prompts, FoldersFor(folder.path()));
+        return app->Main();
+    }
+    void stop() {
+        if (app) {
+            app->Shutdown();
+            QCoreApplication::processEvents();
+            app.reset();
+            QCoreApplication::processEvents();
+        }
+    }
+    void SetUp() override {
+        // Ports resolve through this test's own map: Com1 is nowhere unless a test links it.
+        qputenv("KORVAL_PORTS", QByteArray::fromStdString(folder.file("ports")));
+        qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.file("home")));
+    }
+    void TearDown() override { stop(); }
+};
+
+} // namespace korval::test

@@ -1,0 +1,143 @@
+#include "AppFixture.h"
+
+#include "core/ClsReadWriteFile.h"
+#include "core/MenuTree.h"
+#include "core/ui/FrmKdxAdmin.h"
+#include "core/ui/FrmKdxToolSplash.h"
+#include "core/ui/MdiKorval.h"
+#include "link/PortMap.h"
+#include "link/ui/FrmKdxDriverCallback.h"
+#include "link/ui/FrmKdxToolSetPort.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+
+using namespace korval;
+using namespace korval::test;
+
+namespace {
+
+struct StartupFixture : AppFixture {
+    void SetUp() override {
+        AppFixture::SetUp();
+        PortMap(folder.file("ports")).registerPort(1, "/nonexistent/tty");
+    }
+};
+
+} // namespace
+
+TEST_F(StartupFixture, WithTheLibrariesInPlaceTheMainWindowComesUpWithEveryMenu) {
+    withDriverFolder();
+    withConfig();
+    ASSERT_TRUE(start());
+    auto* mdi = app->mdi;
+    ASSERT_NE(mdi, nullptr);
+    EXPECT_TRUE(mdi->isVisible());
+    EXPECT_FALSE(app->splash->isVisible());
+    EXPECT_TRUE(prompts.asked.empty()) << prompts.asked.front();
+    for (const auto& e : MenuTree()) {
+        auto* action =
+            mdi->Menu(QString::fromLatin1(e.name.data(), static_cast<qsizetype>(e.name.size())));
+        ASSERT_NE(action, nullptr) << e.name;
+        if (e.caption != "-") {
+            EXPECT_EQ(action->text().toStdString(), e.caption) << e.name;
+        }
+    }
+    // A tool whose window does not exist yet is shown but cannot be clicked.
+    EXPECT_FALSE(mdi->Menu("MnuToolsTerminal")->isEnabled());
+    EXPECT_FALSE(mdi->Button("PicTerminal")->isEnabled());
+    EXPECT_TRUE(mdi->Menu("MnuToolsAutoDetect")->isEnabled());
+    // Com1 at 9600 was tried and is not there.
+    EXPECT_EQ(mdi->findChild<QLabel*>("LblPortCurrent")->text(), "Port: Com1, Baud: 9600");
+    EXPECT_EQ(mdi->findChild<QLabel*>("LblStatusPort")->text(), "Port Status: Closed");
+    EXPECT_EQ(mdi->findChild<QLabel*>("LblStatusPort")->palette().color(QPalette::WindowText),
+              QColor(255, 0, 0));
+    EXPECT_FALSE(app->setPort->ChkPortOpen()->isChecked());
+    EXPECT_TRUE(app->setPort->CmbSerialPort()->isEnabled());
+    EXPECT_EQ(readWholeFile(settingsFile()).value_or(""), "[Run]\r\nTimes=0\r\n");
+}
+
+TEST_F(StartupFixture, AMissingDriverIsLocatedOrTheProgramEnds) {
+    withConfig();
+    // Cancel: no message, the program ends.
+    EXPECT_FALSE(start());
+    EXPECT_EQ(prompts.asked, std::vector<std::string>{"open Locate 'Tavrin KDX Serial Driver.so'"});
+    app.reset();
+
+    // Nothing chosen, Yes to go on, then the real files.
+    prompts.asked.clear();
+    prompts.files = {std::string(), std::string(KORVAL_DRIVER_DIR) + "/Tavrin KDX Serial Driver.so",
+                     std::string(KORVAL_DRIVER_DIR) + "/Tavrin KDX Commands.so"};
+    prompts.answers = {Prompts::Answer::Yes};
+    EXPECT_TRUE(start());
+    ASSERT_GE(prompts.asked.size(), 4u);
+    EXPECT_EQ(prompts.asked[1], "Error: KDX Driver Missing: Program cannot operate without the "
+                                "driver\r\n\r\nDo you wish to continue?");
+    EXPECT_EQ(prompts.asked[3], "open Locate 'Tavrin KDX Commands.so'");
+    stop();
+
+    // No ends it.
+    prompts.files = {std::string()};
+    prompts.answers = {Prompts::Answer::No};
+    EXPECT_FALSE(start());
+}
+
+TEST_F(StartupFixture, SettingsSurviveARestartAndCountTheRuns) {
+    withDriverFolder();
+    withConfig();
+    ASSERT_TRUE(start());
+    app->setPort->CmbBaudRate()->setCurrentIndex(3);
+    app->setPort->CmbSerialPort()->setCurrentIndex(7);
+    app->admin->findChild<QCheckBox*>("ChkToolsTerminal")->setChecked(true);
+    EXPECT_FALSE(app->mdi->Menu("MnuToolsTerminal")->isVisible());
+    stop();
+    const auto saved = readWholeFile(settingsFile()).value_or("");
+    EXPECT_NE(saved.find("[FrmKdxToolSetPort]\r\n"), std::string::npos) << saved;
+    EXPECT_NE(saved.find("\tCmbBaudRate.ListIndex=3\r\n"), std::string::npos);
+    EXPECT_NE(saved.find("\tChkToolsTerminal.Value=1\r\n"), std::string::npos);
+    EXPECT_NE(saved.find("\tMnuToolsSetUpAxis1.Enabled=False\r\n"), std::string::npos);
+
+    ASSERT_TRUE(start());
+    EXPECT_EQ(app->setPort->CmbBaudRate()->currentIndex(), 3);
+    EXPECT_EQ(app->mdi->findChild<QLabel*>("LblPortCurrent")->text(), "Port: Com7, Baud: 38400")
+        << "start-up opens the restored port";
+    EXPECT_FALSE(app->mdi->Menu("MnuToolsTerminal")->isVisible()) << "the hiding comes back";
+    EXPECT_EQ(app->iniFile.ProfileGetItem("Run", "Times", "", settingsFile()), "1");
+}
+
+TEST_F(StartupFixture, TheAdministratorPasswordIsReadInUpperCase) {
+    withDriverFolder();
+    withConfig();
+    ASSERT_TRUE(start());
+    prompts.inputs = {"wrong", "", "marigo"};
+    for (int i = 0; i < 3; ++i) {
+        app->mdi->Menu("MnuToolsAdminKorvalSettings")->trigger();
+        EXPECT_EQ(app->admin->IsShown(), i == 2) << i;
+    }
+    EXPECT_EQ(prompts.asked.back(), "input KORVAL Password: Enter Password");
+}
+
+TEST_F(StartupFixture, ReportsFromTheDriverDriveTheStatusPanel) {
+    withDriverFolder();
+    withConfig();
+    ASSERT_TRUE(start());
+    auto& report = app->callback->StatusReport();
+    const KdxSink* sink = report.sink();
+    const std::string code = "J";
+    sink->write(sink->context, code.data(), 1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(app->mdi->LblStatusKdx()->text(), "OFFLINEREADY");
+    EXPECT_TRUE(app->mdi->PicKdxPower()->lit());
+    EXPECT_FALSE(app->mdi->PicKdxOnline()->lit());
+    EXPECT_EQ(report.text(), "") << "the box is emptied after each report";
+
+    app->splash->show(); // start-up's own queries do not move the panel
+    app->kdx.KdxChanged.raise("BUSY");
+    EXPECT_EQ(app->mdi->LblStatusKdx()->text(), "OFFLINEREADY");
+    app->splash->hide();
+    app->kdx.KdxChanged.raise("BUSY");
+    EXPECT_EQ(app->mdi->LblStatusKdx()->text(), "BUSY");
+}
