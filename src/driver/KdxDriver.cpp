@@ -136,7 +136,7 @@ void KdxDriver::stopThreads() {
 }
 
 bool KdxDriver::openPort(int port, int baud) {
-    const auto device = portMap_.resolve(port);
+    const auto device = PortMap().resolve(port);
     if (device.empty()) {
         closePort(); // opening another port closes the earlier one, found or not
         port_ = port;
@@ -455,7 +455,7 @@ int KdxDriver::detect(int highestPort, const KdxSink* progress) {
         }
     };
     for (int port = 1; port <= highestPort; ++port) {
-        const auto device = portMap_.resolve(port);
+        const auto device = PortMap().resolve(port);
         for (const int baud : Bauds) {
             if (scanAbort != 0 || escape_) {
                 say("Scan aborted");

@@ -5,7 +5,7 @@
 #include "FrameSplitter.h"
 
 #include "link/KdxDriverApi.h"
-#include "link/PortMap.h"
+#include "link/PortMap.h" // read afresh on every open: the map may change at any time
 
 #include <atomic>
 #include <chrono>
@@ -91,7 +91,6 @@ private:
     void pump();
     bool lockExchange();
 
-    PortMap portMap_;
     std::unique_ptr<QThread> io_;
     QObject* context_ = nullptr; // lives in the receive thread
     QSerialPort* serial_ = nullptr;
