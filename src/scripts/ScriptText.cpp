@@ -1,0 +1,85 @@
+#include "ScriptText.h"
+
+#include "TerminalSend.h"
+
+namespace korval {
+
+namespace {
+
+void replaceAll(std::string& text, const std::string& from, const std::string& to) {
+    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+        text.replace(at, from.size(), to);
+    }
+}
+
+std::string crOnly(std::string text) {
+    replaceAll(text, "\r\n", "\r");
+    return text;
+}
+
+// Large enough for any program the controller can hold, many times over.
+constexpr std::size_t LargestScript = 1024 * 1024;
+
+} // namespace
+
+std::string ForEditor(const std::string& formatted) {
+    std::string text = formatted;
+    replaceAll(text, "\r", "\r\n");
+    replaceAll(text, ",", ",\t\t");
+    return text;
+}
+
+std::string OpenForEdit(const std::string& fileText, const Formatter& format) {
+    return ForEditor(format(crOnly(fileText), 0));
+}
+
+std::string ForTransfer(const std::string& fileText, const Formatter& format) {
+    return format(crOnly(fileText), 0);
+}
+
+std::string Reformat(std::string editorText, bool withComments, const Formatter& format) {
+    if (editorText.empty() || editorText.back() != '\r') {
+        editorText += '\r';
+    }
+    return ForEditor(format(editorText, withComments ? 1 : 0));
+}
+
+ScriptTest PlanScriptTest(const std::string& editorText) {
+    ScriptTest test{RewriteForSending(editorText), ScriptTest::Ending::Neither};
+    if (test.text.ends_with("rsm")) {
+        test.ending = ScriptTest::Ending::Store;
+    } else if (test.text.ends_with("R")) {
+        test.ending = ScriptTest::Ending::Run;
+    }
+    return test;
+}
+
+std::string TxtFileName(std::string name) {
+    replaceAll(name, ".txt", "");
+    return name + ".txt";
+}
+
+std::string ScriptFileProblem(const std::optional<std::string>& bytes, const std::string& path) {
+    if (!bytes) {
+        return "The file " + path + " cannot be read.";
+    }
+    if (bytes->find_first_not_of(" \t\r\n") == std::string::npos) {
+        return "The file " + path + " holds no commands.";
+    }
+    if (bytes->size() > LargestScript) {
+        return "The file " + path + " is " + std::to_string(bytes->size() / 1024) +
+               " KB: far more than a controller program can hold. It was not opened.";
+    }
+    return {};
+}
+
+bool HasNonAscii(const std::string& text) {
+    for (const char c : text) {
+        if (static_cast<unsigned char>(c) > 0x7F) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace korval
