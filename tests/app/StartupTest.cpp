@@ -47,8 +47,10 @@ TEST_F(StartupFixture, WithTheLibrariesInPlaceTheMainWindowComesUpWithEveryMenu)
         }
     }
     // A tool whose window does not exist yet is shown but cannot be clicked.
-    EXPECT_FALSE(mdi->Menu("MnuToolsTerminal")->isEnabled());
-    EXPECT_FALSE(mdi->Button("PicTerminal")->isEnabled());
+    EXPECT_FALSE(mdi->Menu("MnuToolsVirtualJog")->isEnabled());
+    EXPECT_FALSE(mdi->Button("PicVirtualJog")->isEnabled());
+    EXPECT_TRUE(mdi->Menu("MnuToolsTerminal")->isEnabled());
+    EXPECT_TRUE(mdi->Button("PicTerminal")->isEnabled());
     EXPECT_TRUE(mdi->Menu("MnuToolsAutoDetect")->isEnabled());
     // Com1 at 9600 was tried and is not there.
     EXPECT_EQ(mdi->findChild<QLabel*>("LblPortCurrent")->text(), "Port: Com1, Baud: 9600");

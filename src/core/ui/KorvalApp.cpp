@@ -10,6 +10,9 @@
 #include "link/ui/FrmKdxDriverCallback.h"
 #include "link/ui/FrmKdxToolDetect.h"
 #include "link/ui/FrmKdxToolSetPort.h"
+#include "scripts/ui/FrmKdxToolScriptEditor.h"
+#include "scripts/ui/FrmKdxToolTerminal.h"
+#include "scripts/ui/ScriptMenus.h"
 
 #include <QAction>
 #include <QApplication>
@@ -169,6 +172,15 @@ void KorvalApp::LoadForms() {
     setPort = new FrmKdxToolSetPort();
     mdi->ToolBar()->layout()->addWidget(setPort); // lives in the tool bar, right of the tools
     forms.push_back(setPort);
+    auto* terminal = new FrmKdxToolTerminal();
+    mdi->Adopt(*terminal);
+    forms.push_back(terminal);
+    splashStatus("Status: Terminal Loaded");
+    auto* editor = new FrmKdxToolScriptEditor();
+    mdi->Adopt(*editor);
+    forms.push_back(editor);
+    splashStatus("Status: Script Editor Loaded");
+    WireScriptMenus(*mdi);
     kdx.BringOnline(); // so that information windows read a live controller
     admin = new FrmKdxAdmin();
     mdi->Adopt(*admin);

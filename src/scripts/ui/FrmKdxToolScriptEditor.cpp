@@ -1,0 +1,199 @@
+#include "FrmKdxToolScriptEditor.h"
+
+#include "CodeEditor.h"
+
+#include "core/ClsReadWriteFile.h"
+#include "core/ui/KorvalApp.h"
+#include "core/ui/Pictures.h"
+#include "link/ui/FrmKdxToolSetPort.h"
+#include "scripts/ScriptText.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace korval {
+
+namespace {
+
+const char* const ScriptFilter = "Text Files (*.txt)|*.txt|";
+
+QString q(const std::string& s) {
+    return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+Formatter commandsFormatter() {
+    return [](const std::string& text, int flag) {
+        return App().commands.AutoFormatCommands(text, flag);
+    };
+}
+
+// The hourglass for the span of a slow step.
+struct BusyPointer {
+    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+};
+
+} // namespace
+
+FrmMsgBoxCodeFormat::FrmMsgBoxCodeFormat(QWidget* parent) : QDialog(parent) {
+    setObjectName("FrmMsgBoxCodeFormat");
+    setWindowTitle("Code Format Warning");
+    auto* layout = new QVBoxLayout(this);
+    auto* row = new QHBoxLayout();
+    auto* icon = new QLabel(this);
+    icon->setObjectName("PicMsgType");
+    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(40, 40));
+    auto* message = new QLabel("Warning\n"
+                               "     KORVAL is about to reformat your code.\n"
+                               "     Your original code and comments will be lost\n"
+                               "\n"
+                               "          Do you wish to continue?",
+                               this);
+    message->setObjectName("LblMsg");
+    row->addWidget(icon, 0, Qt::AlignTop);
+    row->addWidget(message, 1);
+    layout->addLayout(row);
+    showComments_ = new QCheckBox("Show Comments", this);
+    showComments_->setObjectName("ChkShowComments");
+    layout->addWidget(showComments_);
+    auto* buttons = new QHBoxLayout();
+    auto* yes = new QPushButton("Yes", this);
+    yes->setObjectName("CmdYes");
+    auto* no = new QPushButton("No", this);
+    no->setObjectName("CmdNo");
+    buttons->addStretch(1);
+    buttons->addWidget(yes);
+    buttons->addWidget(no);
+    layout->addLayout(buttons);
+    connect(yes, &QPushButton::clicked, this, &QDialog::accept);
+    connect(no, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+bool FrmMsgBoxCodeFormat::ShowComments() const {
+    return showComments_->isChecked();
+}
+
+FrmKdxToolScriptEditor::FrmKdxToolScriptEditor()
+    : FormBase("FrmKdxToolScriptEditor", "Script Editor") {
+    auto* layout = new QVBoxLayout(this);
+    auto* buttons = new QHBoxLayout();
+    format_ = new PictureButton("PicCodeFormatButton", Symbol::CodeFormat, this);
+    format_->setToolTip("Format the script");
+    test_ = new PictureButton("PicTestScript", Symbol::TestScript, this);
+    test_->setToolTip("Send the script to the KDX and run it");
+    save_ = new PictureButton("PicSaveScript", Symbol::SaveScript, this);
+    save_->setToolTip("Save the script to a file");
+    for (auto* b : {format_, test_, save_}) {
+        buttons->addWidget(b);
+    }
+    buttons->addStretch(1);
+    editor_ = new CodeEditor("TxtEditor", this);
+    layout->addLayout(buttons);
+    layout->addWidget(editor_, 1);
+    resize(640, 480);
+    connect(format_, &PictureButton::pressed, this, [this] { PicCodeFormatButton_MouseDown(); });
+    connect(test_, &PictureButton::pressed, this, [this] { PicTestScript_MouseDown(); });
+    connect(save_, &PictureButton::pressed, this, [this] { PicSaveScript_MouseDown(); });
+    AskFormat = [this]() -> std::optional<bool> {
+        FrmMsgBoxCodeFormat dialog(this);
+        if (dialog.exec() != QDialog::Accepted) {
+            return std::nullopt;
+        }
+        return dialog.ShowComments();
+    };
+}
+
+std::string FrmKdxToolScriptEditor::Text() const {
+    return editor_->toPlainText().replace('\n', "\r\n").toLatin1().toStdString();
+}
+
+void FrmKdxToolScriptEditor::SetText(const std::string& text) {
+    auto shown = q(text);
+    shown.replace("\r\n", "\n");
+    editor_->setPlainText(shown);
+}
+
+void FrmKdxToolScriptEditor::enableButtons(bool on) {
+    for (auto* b : {format_, test_, save_}) {
+        b->setEnabled(on);
+    }
+}
+
+void FrmKdxToolScriptEditor::PicCodeFormatButton_MouseDown() {
+    format_->showDown();
+    App().delay.TimeDelay(0.25);
+    test_->setEnabled(false);
+    save_->setEnabled(false);
+    format_->showUp();
+    if (const auto comments = AskFormat()) {
+        FormatCode(*comments);
+        App().prompts.Message("Format Wizard Complete", "Code Formatting Wizard",
+                              Prompts::Icon::Information, Prompts::Buttons::Ok);
+    }
+    enableButtons(true);
+}
+
+void FrmKdxToolScriptEditor::FormatCode(bool withComments) {
+    BusyPointer busy;
+    SetText(Reformat(Text(), withComments, commandsFormatter()));
+}
+
+void FrmKdxToolScriptEditor::PicTestScript_MouseDown() {
+    auto& app = App();
+    auto& kdx = app.kdx;
+    test_->showDown();
+    format_->setEnabled(false);
+    save_->setEnabled(false);
+    app.delay.TimeDelay(0.25);
+    kdx.ReadReplyAndClearPort();
+    kdx.SendCommandsToPort("C,");
+    const auto test = PlanScriptTest(Text());
+    kdx.SendCommandsToPort(test.text);
+    switch (test.ending) {
+    case ScriptTest::Ending::Store:
+        kdx.WaitForCharacter("^", 1);
+        kdx.ReadReplyAndClearPort();
+        kdx.RunKdxProgramAndWaitForFinish(1);
+        kdx.ReadReplyAndClearPort();
+        break;
+    case ScriptTest::Ending::Run:
+        kdx.WaitForCharacter("^", 1);
+        kdx.ReadReplyAndClearPort();
+        break;
+    case ScriptTest::Ending::Neither:
+        kdx.RunKdxProgramAndWaitForFinish(1);
+        break;
+    }
+    test_->showUp();
+    enableButtons(true);
+}
+
+void FrmKdxToolScriptEditor::PicSaveScript_MouseDown() {
+    auto& app = App();
+    save_->showDown();
+    app.delay.TimeDelay(0.25);
+    save_->showUp();
+    if (!app.setPort->ChkPortOpen()->isChecked()) {
+        return; // saving is tied to an open port, by design
+    }
+    const auto chosen =
+        app.prompts.SaveFile({"Save KDX Script", ScriptFilter, app.folders.application, ""});
+    if (!chosen || chosen->empty()) {
+        return;
+    }
+    BusyPointer busy;
+    ClsReadWriteFile file;
+    const bool saved = file.CreateOutputFile(TxtFileName(*chosen)) &&
+                       file.WriteToOutputFile(Text()) && file.CloseOutputFile();
+    if (!saved) {
+        app.prompts.Message("The script was not saved: " + file.LastError(), "Save KDX Script",
+                            Prompts::Icon::Critical, Prompts::Buttons::Ok);
+    }
+}
+
+} // namespace korval

@@ -1,0 +1,51 @@
+#pragma once
+// The script editor: write a controller program, lay it out, try it on the controller, save it.
+#include "core/ui/FormBase.h"
+
+#include <QDialog>
+
+class QCheckBox;
+
+namespace korval {
+
+class CodeEditor;
+class PictureButton;
+
+// "Code Format Warning": reformatting loses the original layout and, unless shown, comments.
+class FrmMsgBoxCodeFormat final : public QDialog {
+    Q_OBJECT
+public:
+    explicit FrmMsgBoxCodeFormat(QWidget* parent);
+    bool ShowComments() const;
+
+private:
+    QCheckBox* showComments_;
+};
+
+class FrmKdxToolScriptEditor final : public FormBase {
+    Q_OBJECT
+public:
+    FrmKdxToolScriptEditor();
+
+    CodeEditor* TxtEditor() const { return editor_; }
+    // The editor's text with CR LF line ends, as the program keeps text.
+    std::string Text() const;
+    void SetText(const std::string& text);
+
+    void PicCodeFormatButton_MouseDown();
+    // The answer of the warning dialogue: empty when the user said No.
+    std::function<std::optional<bool>()> AskFormat;
+    void FormatCode(bool withComments);
+    void PicTestScript_MouseDown();
+    void PicSaveScript_MouseDown();
+
+private:
+    void enableButtons(bool on);
+
+    CodeEditor* editor_;
+    PictureButton* format_;
+    PictureButton* test_;
+    PictureButton* save_;
+};
+
+} // namespace korval

@@ -1,0 +1,110 @@
+#include "ScriptMenus.h"
+
+#include "FrmKdxToolScriptEditor.h"
+#include "FrmKdxToolTerminal.h"
+
+#include "core/ClsReadWriteFile.h"
+#include "core/ui/KorvalApp.h"
+#include "core/ui/MdiKorval.h"
+#include "link/ui/FrmKdxToolSetPort.h"
+#include "scripts/ScriptText.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+namespace korval {
+
+namespace {
+
+const char* const ScriptFilter = "Text Files (*.txt)|*.txt|";
+
+template <typename Form> Form* window(const char* name) {
+    return static_cast<Form*>(App().Form(name));
+}
+
+// The chosen script's text, or empty after a cancel or a file that cannot serve (the user
+// has been told why).
+std::optional<std::string> readScript(const std::string& title) {
+    auto& app = App();
+    const auto chosen = app.prompts.OpenFile({title, ScriptFilter, app.folders.application, ""});
+    if (!chosen || chosen->empty()) {
+        return std::nullopt;
+    }
+    const auto bytes = readWholeFile(*chosen);
+    if (const auto problem = ScriptFileProblem(bytes, *chosen); !problem.empty()) {
+        app.prompts.Message(problem, title, Prompts::Icon::Warning, Prompts::Buttons::Ok);
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+Formatter commandsFormatter() {
+    return [](const std::string& text, int flag) {
+        return App().commands.AutoFormatCommands(text, flag);
+    };
+}
+
+} // namespace
+
+void OpenScriptForEditing() {
+    const auto script = readScript("Open KDX Script for Editing");
+    if (!script) {
+        return;
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto text = OpenForEdit(*script, commandsFormatter());
+    auto* editor = window<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
+    editor->SetText(text);
+    editor->ShowWindow();
+    QApplication::restoreOverrideCursor();
+    if (HasNonAscii(text)) {
+        App().prompts.Message("The script holds characters outside plain ASCII. The KDX does not "
+                              "understand them: check the marked commands before sending.",
+                              "Open KDX Script for Editing", Prompts::Icon::Warning,
+                              Prompts::Buttons::Ok);
+    }
+}
+
+void TransferScript() {
+    auto& app = App();
+    if (!app.setPort->ChkPortOpen()->isChecked()) {
+        return;
+    }
+    const auto script = readScript("Open and Transfer KDX Script");
+    if (!script) {
+        return;
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto text = ForTransfer(*script, commandsFormatter());
+    QApplication::restoreOverrideCursor();
+    if (HasNonAscii(text)) {
+        // Nothing goes half way: the controller would stop at the first byte it cannot read.
+        app.prompts.Message("The script holds characters outside plain ASCII and was not sent. "
+                            "Open it for editing to correct it.",
+                            "Open and Transfer KDX Script", Prompts::Icon::Warning,
+                            Prompts::Buttons::Ok);
+        return;
+    }
+    app.kdx.SendCommandsToPort(text);
+}
+
+void WireScriptMenus(MdiKorval& mdi) {
+    auto* terminal = window<FrmKdxToolTerminal>("FrmKdxToolTerminal");
+    auto* editor = window<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
+    mdi.SetHandler("MnuToolsTerminal", [terminal] {
+        terminal->ShowWindow();
+        terminal->SetActive(true);
+    });
+    mdi.Button("PicTerminal")->setEnabled(true);
+    mdi.SetHandler("MnuToolsScriptEditor", [editor] { editor->ShowWindow(); });
+    mdi.SetHandler("MnuFileOpenForEdit", [] { OpenScriptForEditing(); });
+    mdi.SetHandler("MnuFileTransfer", [] { TransferScript(); });
+    QObject::connect(mdi.Area(), &QMdiArea::subWindowActivated, terminal,
+                     [terminal](QMdiSubWindow* active) {
+                         terminal->SetActive(active != nullptr && active == terminal->SubWindow());
+                     });
+}
+
+} // namespace korval
