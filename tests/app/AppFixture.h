@@ -8,6 +8,8 @@
 
 #include <QCoreApplication>
 
+#include <dlfcn.h>
+
 #include <gtest/gtest.h>
 
 #include <deque>
@@ -18,6 +20,7 @@ namespace korval::test {
 
 struct ScriptedPrompts : Prompts {
     std::deque<std::optional<std::string>> files;
+    std::deque<std::optional<std::string>> saves;
     std::deque<Answer> answers;
     std::deque<std::string> inputs;
     std::vector<std::string> asked;
@@ -42,7 +45,12 @@ struct ScriptedPrompts : Prompts {
     }
     std::optional<std::string> SaveFile(const FileDialog& d) override {
         asked.push_back("save " + d.title);
-        return std::nullopt;
+        if (saves.empty()) {
+            return std::nullopt;
+        }
+        auto f = saves.front();
+        saves.pop_front();
+        return f;
     }
     std::string InputBox(const std::string& prompt, const std::string& title) override {
         asked.push_back("input " + title + ": " + prompt);
@@ -66,8 +74,20 @@ struct AppFixture : ::testing::Test {
     void withConfig() { std::filesystem::create_directories(folder.file("Config")); }
     std::string settingsFile() const { return folder.file("Config/KORVAL Settings.ini"); }
 
-    // Start-up against Com{port}, which the port map points at nothing by default.
+    // The driver library stays in the process between tests, and the previous test's shutdown
+    // left its escape in force, as a shutdown does: lift it, as a new process would find it.
+    static void freshDriver() {
+        void* library = dlopen(KORVAL_DRIVER_DIR "/Tavrin KDX Serial Driver.so",
+                               RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+        if (library != nullptr) {
+            reinterpret_cast<int32_t (*)()>(dlsym(library, "FunctionEscapeFalse"))();
+            reinterpret_cast<int32_t (*)()>(dlsym(library, "ClosePort"))();
+            dlclose(library);
+        }
+    }
+
     bool start() {
+        freshDriver();
         app = std::make_unique<KorvalApp>(prompts, FoldersFor(folder.path()));
         return app->Main();
     }

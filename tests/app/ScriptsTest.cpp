@@ -1,0 +1,195 @@
+#include "AppFixture.h"
+
+#include "core/ClsReadWriteFile.h"
+#include "core/ui/MdiKorval.h"
+#include "link/PortMap.h"
+#include "link/ui/FrmKdxToolSetPort.h"
+#include "scripts/ui/CodeEditor.h"
+#include "scripts/ui/FrmKdxToolScriptEditor.h"
+#include "scripts/ui/FrmKdxToolTerminal.h"
+#include "scripts/ui/ScriptMenus.h"
+#include "support/PtyPeer.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QPlainTextEdit>
+
+using namespace korval;
+using namespace korval::test;
+
+namespace {
+
+// What the controller received, without the driver's own private exchanges.
+std::string publicBytes(std::string log) {
+    for (auto at = log.find('#'); at != std::string::npos; at = log.find('#', at)) {
+        const auto end = log.find_first_of(",R", at + 1);
+        log.erase(at, end == std::string::npos ? std::string::npos : end - at + 1);
+    }
+    return log;
+}
+
+struct ScriptsFixture : AppFixture {
+    std::unique_ptr<PtyPeer> peer;
+    FrmKdxToolTerminal* terminal = nullptr;
+    FrmKdxToolScriptEditor* editor = nullptr;
+
+    void SetUp() override {
+        AppFixture::SetUp();
+        peer = std::make_unique<PtyPeer>(answerStatus([] { return std::string("R"); }));
+        PortMap(folder.file("ports")).registerPort(1, peer->device());
+        withDriverFolder();
+        withConfig();
+        ASSERT_TRUE(start());
+        ASSERT_TRUE(app->setPort->ChkPortOpen()->isChecked());
+        terminal = static_cast<FrmKdxToolTerminal*>(app->Form("FrmKdxToolTerminal"));
+        editor = static_cast<FrmKdxToolScriptEditor*>(app->Form("FrmKdxToolScriptEditor"));
+    }
+    void TearDown() override {
+        AppFixture::TearDown();
+        peer.reset();
+    }
+    std::string sentBy(const std::function<void()>& action) {
+        app->delay.TimeDelay(0.05);
+        const auto before = peer->received().size();
+        action();
+        app->delay.TimeDelay(0.3);
+        return publicBytes(peer->received().substr(before));
+    }
+    void type(const QString& text) { terminal->TxtSend()->setPlainText(text); }
+};
+
+} // namespace
+
+TEST_F(ScriptsFixture, TheTerminalSendsByTheRulesByteForByte) {
+    const struct {
+        QString typed;
+        std::string arrives;
+    } cases[] = {
+        {"R,", "R"},
+        {"C,S1M2000,I1M400,R\n", "C,S1M2000,I1M400,R"},
+        {"getD0,", "getD0,\r"},
+        {"setI7", "setI7\r"},
+        {"C,\tsetI7,\nrsm\n", "C,setI7,\r\nrsm\r"}, // no capital R: a CR goes behind
+        {"Q", "Q\r"},
+    };
+    for (const auto& c : cases) {
+        type(c.typed);
+        EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed.toStdString();
+    }
+    type("F,");
+    EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), "QF,\r") << "BringOnline sends its Q";
+}
+
+TEST_F(ScriptsFixture, TheReceiveBoxShowsTheTerminalTextOnTheTimer) {
+    terminal->ShowWindow();
+    terminal->SetActive(true);
+    peer->send("1.22\r");
+    app->delay.TimeDelay(0.4);
+    EXPECT_EQ(terminal->TxtReceive()->toPlainText(), "1.22\n");
+    peer->send("^");
+    app->delay.TimeDelay(0.4);
+    EXPECT_EQ(terminal->TxtReceive()->toPlainText(), "1.22\n^");
+    app->runFlag = true; // the main window's run is under way: the terminal does not read
+    peer->send("x");
+    app->delay.TimeDelay(0.3);
+    EXPECT_EQ(terminal->TxtReceive()->toPlainText(), "1.22\n^");
+    app->runFlag = false;
+    terminal->CmdClearBuffer_Click();
+    EXPECT_EQ(terminal->TxtReceive()->toPlainText(), "");
+    EXPECT_EQ(app->kdx.TerminalGet(), "");
+}
+
+TEST_F(ScriptsFixture, CtrlUpAndDownBringBackWhatWasSent) {
+    for (const char* t : {"getD0,", "getD1,"}) {
+        type(t);
+        terminal->CmdSend_Click();
+    }
+    type("");
+    auto key = [&](int k) {
+        QKeyEvent press(QEvent::KeyPress, k, Qt::ControlModifier);
+        QCoreApplication::sendEvent(terminal->TxtSend(), &press);
+        return terminal->TxtSend()->toPlainText().toStdString();
+    };
+    EXPECT_EQ(key(Qt::Key_Up), "getD1,");
+    EXPECT_EQ(key(Qt::Key_Up), "getD0,");
+    EXPECT_EQ(key(Qt::Key_Up), "getD0,");
+    EXPECT_EQ(key(Qt::Key_Down), "getD1,");
+    EXPECT_EQ(key(Qt::Key_Down), "");
+}
+
+TEST_F(ScriptsFixture, FormattingWithAndWithoutComments) {
+    editor->SetText("F,C ;mine\r\nS1M2000,R");
+    editor->FormatCode(false);
+    EXPECT_EQ(editor->Text(), "F,\t\t\r\nC,\t\t\r\nS1M2000,\t\t\r\nR\r\n");
+    editor->FormatCode(false);
+    EXPECT_EQ(editor->Text(), "F,\t\t\r\nC,\t\t\r\nS1M2000,\t\t\r\nR\r\n") << "stable";
+    editor->SetText("F,R");
+    editor->FormatCode(true);
+    EXPECT_EQ(editor->Text(), "F,\t\t;KDX Online with Echo Off\r\nR;Run the current program\r\n");
+
+    editor->AskFormat = [] { return std::optional<bool>(); }; // No: nothing changes
+    editor->SetText("C,R");
+    editor->PicCodeFormatButton_MouseDown();
+    EXPECT_EQ(editor->Text(), "C,R");
+}
+
+TEST_F(ScriptsFixture, TestingAScriptFollowsItsEnding) {
+    editor->SetText("S1M2000,\r\nI1M400,\r\nR,");
+    const auto sent = sentBy([&] { editor->PicTestScript_MouseDown(); });
+    EXPECT_EQ(sent, "C,S1M2000,\r\nI1M400,\r\nR") << "the R branch: no run of its own";
+    EXPECT_EQ(peer->received().find("#R", peer->received().size() - 20), std::string::npos);
+
+    editor->SetText("I1M400");
+    const auto before = peer->received().size();
+    editor->PicTestScript_MouseDown();
+    EXPECT_NE(peer->received().find("#R", before), std::string::npos) << "run and wait";
+}
+
+TEST_F(ScriptsFixture, SavingIsTiedToTheOpenPortAndNamesEndInTxt) {
+    editor->SetText("C,R");
+    prompts.asked.clear();
+    app->setPort->ChkPortOpen()->setChecked(false);
+    editor->PicSaveScript_MouseDown();
+    EXPECT_TRUE(prompts.asked.empty()) << "no dialogue with the port closed";
+    app->setPort->ChkPortOpen()->setChecked(true);
+
+    ASSERT_TRUE(writeFileAtomically(folder.file("a.b.txt"), "old"));
+    editor->SetText("C,S1M20,\r\nR");
+    prompts.saves = {folder.file("a.txt.b"), std::nullopt, folder.file("report.txt")};
+    editor->PicSaveScript_MouseDown();
+    EXPECT_EQ(readWholeFile(folder.file("a.b.txt")), "C,S1M20,\r\nR") << "replaced whole";
+    editor->PicSaveScript_MouseDown(); // cancelled: nothing
+    editor->PicSaveScript_MouseDown();
+    EXPECT_EQ(readWholeFile(folder.file("report.txt")), "C,S1M20,\r\nR");
+    EXPECT_FALSE(readWholeFile(folder.file("report.txt.txt")));
+}
+
+TEST_F(ScriptsFixture, BadScriptFilesAreExplainedAndTheEditorKeepsItsText) {
+    editor->SetText("C,R");
+    ASSERT_TRUE(writeFileAtomically(folder.file("empty.txt"), ""));
+    ASSERT_TRUE(writeFileAtomically(folder.file("huge.txt"), std::string(5 * 1024 * 1024, 'C')));
+    ASSERT_TRUE(writeFileAtomically(folder.file("lf.txt"), "C\nS1M20\r\nR\n"));
+    prompts.files = {folder.file("empty.txt"), folder.file("huge.txt"), folder.file("missing.txt"),
+                     std::nullopt};
+    for (int i = 0; i < 4; ++i) {
+        prompts.asked.clear();
+        OpenScriptForEditing();
+        EXPECT_EQ(editor->Text(), "C,R") << i;
+        EXPECT_EQ(prompts.asked.size(), i == 3 ? 1u : 2u) << "a message for each bad file";
+    }
+    prompts.files = {folder.file("lf.txt")};
+    OpenScriptForEditing();
+    EXPECT_EQ(editor->Text(), "C,\t\t\r\nS1M20,\t\t\r\nR\r\n");
+}
+
+TEST_F(ScriptsFixture, TransferSendsTheFormattedScriptOnlyWithThePortOpen) {
+    ASSERT_TRUE(writeFileAtomically(folder.file("s.txt"), "C, ;clear\r\nS1M2000\r\nR\r\n"));
+    ASSERT_TRUE(writeFileAtomically(folder.file("e.txt"), "C,\r\nS1M2\xE9\r\n"));
+    prompts.files = {folder.file("s.txt"), folder.file("e.txt")};
+    EXPECT_EQ(sentBy([] { TransferScript(); }), "C,\rS1M2000,\rR\r");
+    EXPECT_EQ(sentBy([] { TransferScript(); }), "") << "nothing sent half way";
+    app->setPort->ChkPortOpen()->setChecked(false);
+    prompts.asked.clear();
+    TransferScript();
+    EXPECT_TRUE(prompts.asked.empty()) << "no dialogue with the port closed";
+}
