@@ -1,25 +1,16 @@
 #include "IniDocument.h"
 
+#include "Text.h"
+
 #include <algorithm>
 
 namespace korval {
 
 namespace {
 
-std::string_view trim(std::string_view s) {
-    const auto isSpace = [](char c) { return c == ' ' || c == '\t'; };
-    while (!s.empty() && isSpace(s.front())) {
-        s.remove_prefix(1);
-    }
-    while (!s.empty() && isSpace(s.back())) {
-        s.remove_suffix(1);
-    }
-    return s;
-}
-
 bool sameName(std::string_view a, std::string_view b) {
-    a = trim(a);
-    b = trim(b);
+    a = TrimBlanks(a);
+    b = TrimBlanks(b);
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
                const auto lower = [](char c) {
                    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
@@ -58,11 +49,11 @@ IniDocument IniDocument::parse(std::string_view bytes) {
             target->back().continuation.emplace_back(raw);
             continue;
         }
-        const auto text = trim(raw);
+        const auto text = TrimBlanks(raw);
         if (text.starts_with('[')) {
             const auto close = text.find(']');
             auto name = text.substr(1, close == std::string_view::npos ? text.npos : close - 1);
-            doc.sections_.push_back({std::string(trim(name)), {}});
+            doc.sections_.push_back({std::string(TrimBlanks(name)), {}});
             target = &doc.sections_.back().lines;
             continue;
         }
@@ -128,7 +119,7 @@ std::optional<std::string> IniDocument::get(std::string_view section, std::strin
         }
         for (const auto& line : s.lines) {
             if (line.isItem && sameName(line.key, key)) {
-                return std::string(trim(line.value));
+                return std::string(TrimBlanks(line.value));
             }
         }
     }
@@ -152,7 +143,7 @@ void IniDocument::set(std::string_view section, std::string_view key, std::strin
     }
     auto* s = findSection(section);
     if (s == nullptr) {
-        sections_.push_back({std::string(trim(section)), {}});
+        sections_.push_back({std::string(TrimBlanks(section)), {}});
         s = &sections_.back();
     }
     const auto it = std::find_if(s->lines.begin(), s->lines.end(),
@@ -163,7 +154,7 @@ void IniDocument::set(std::string_view section, std::string_view key, std::strin
     }
     // New items go after the section's last item, ahead of any blank lines that close it.
     auto pos = s->lines.end();
-    while (pos != s->lines.begin() && !(pos - 1)->isItem && trim((pos - 1)->value).empty()) {
+    while (pos != s->lines.begin() && !(pos - 1)->isItem && TrimBlanks((pos - 1)->value).empty()) {
         --pos;
     }
     s->lines.insert(pos, std::move(line));

@@ -1,31 +1,21 @@
 #include "MainWindowRules.h"
 
-#include <algorithm>
+#include "Text.h"
 
 namespace korval {
 
-namespace {
-
-void eraseAll(std::string& text, const std::string& what) {
-    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at)) {
-        text.erase(at, what.size());
-    }
-}
-
-} // namespace
-
 bool ProgramIsEmpty(std::string memoryReply) {
-    eraseAll(memoryReply, "\r\n");
-    eraseAll(memoryReply, "\r");
-    eraseAll(memoryReply, "M");
+    ReplaceAll(memoryReply, "\r\n", "");
+    ReplaceAll(memoryReply, "\r", "");
+    ReplaceAll(memoryReply, "M", "");
     return memoryReply == "256";
 }
 
 std::string EmptyProgramMessage(std::string programNumberReply) {
-    eraseAll(programNumberReply, "\r\n");
-    eraseAll(programNumberReply, "\r");
-    eraseAll(programNumberReply, "\n");
-    eraseAll(programNumberReply, "PM");
+    ReplaceAll(programNumberReply, "\r\n", "");
+    ReplaceAll(programNumberReply, "\r", "");
+    ReplaceAll(programNumberReply, "\n", "");
+    ReplaceAll(programNumberReply, "PM", "");
     return "No commands in Program " + programNumberReply + " to run";
 }
 

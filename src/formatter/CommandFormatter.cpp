@@ -1,6 +1,7 @@
 #include "CommandFormatter.h"
 
 #include "core/Numbers.h"
+#include "core/Text.h"
 
 #include <regex>
 #include <vector>
@@ -9,24 +10,13 @@ namespace korval {
 
 namespace {
 
-std::string trim(std::string_view s) {
-    const auto blank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!s.empty() && blank(s.front())) {
-        s.remove_prefix(1);
-    }
-    while (!s.empty() && blank(s.back())) {
-        s.remove_suffix(1);
-    }
-    return std::string(s);
-}
-
 // Items split at commas and line ends, comments dropped, blanks around items removed.
 std::vector<std::string> items(std::string_view text) {
     std::vector<std::string> out;
     std::string item;
     bool comment = false;
     const auto flush = [&] {
-        auto t = trim(item);
+        auto t = std::string(TrimBlanks(item));
         if (!t.empty()) {
             out.push_back(std::move(t));
         }

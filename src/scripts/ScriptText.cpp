@@ -2,18 +2,14 @@
 
 #include "TerminalSend.h"
 
+#include "core/Text.h"
+
 namespace korval {
 
 namespace {
 
-void replaceAll(std::string& text, const std::string& from, const std::string& to) {
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-        text.replace(at, from.size(), to);
-    }
-}
-
 std::string crOnly(std::string text) {
-    replaceAll(text, "\r\n", "\r");
+    ReplaceAll(text, "\r\n", "\r");
     return text;
 }
 
@@ -24,8 +20,8 @@ constexpr std::size_t LargestScript = 1024 * 1024;
 
 std::string ForEditor(const std::string& formatted) {
     std::string text = formatted;
-    replaceAll(text, "\r", "\r\n");
-    replaceAll(text, ",", ",\t\t");
+    ReplaceAll(text, "\r", "\r\n");
+    ReplaceAll(text, ",", ",\t\t");
     return text;
 }
 
@@ -55,7 +51,7 @@ ScriptTest PlanScriptTest(const std::string& editorText) {
 }
 
 std::string TxtFileName(std::string name) {
-    replaceAll(name, ".txt", "");
+    ReplaceAll(name, ".txt", "");
     return name + ".txt";
 }
 

@@ -1,25 +1,17 @@
 #include "TerminalSend.h"
 
+#include "core/Text.h"
+
 namespace korval {
-
-namespace {
-
-void replaceAll(std::string& text, const std::string& from, const std::string& to) {
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-        text.replace(at, from.size(), to);
-    }
-}
-
-} // namespace
 
 std::string RewriteForSending(std::string text) {
     std::erase(text, '\t');
-    replaceAll(text, "R,", "R");
-    replaceAll(text, "R\r\n", "R\r");
-    replaceAll(text, "R\r", "R");
-    replaceAll(text, "rsm,", "rsm");
-    replaceAll(text, "rsm\r\n", "rsm\r");
-    replaceAll(text, "rsm\r", "rsm");
+    ReplaceAll(text, "R,", "R");
+    ReplaceAll(text, "R\r\n", "R\r");
+    ReplaceAll(text, "R\r", "R");
+    ReplaceAll(text, "rsm,", "rsm");
+    ReplaceAll(text, "rsm\r\n", "rsm\r");
+    ReplaceAll(text, "rsm\r", "rsm");
     return text;
 }
 

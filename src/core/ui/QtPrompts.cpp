@@ -52,20 +52,21 @@ Prompts::Answer QtPrompts::Message(const std::string& text, const std::string& t
                                        : Answer::Ok;
 }
 
-std::optional<std::string> QtPrompts::OpenFile(const FileDialog& d) {
+std::optional<std::string> QtPrompts::fileDialog(const FileDialog& d, bool save) {
     QFileDialog dialog(parent_, q(d.title), q(d.initialFolder), QtFilter(d.filter));
-    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.selectFile(q(d.fileName));
     const bool accepted = dialog.exec() == QDialog::Accepted;
     return chosen(dialog.selectedFiles().value(0), accepted);
 }
 
+std::optional<std::string> QtPrompts::OpenFile(const FileDialog& d) {
+    return fileDialog(d, false);
+}
+
 std::optional<std::string> QtPrompts::SaveFile(const FileDialog& d) {
-    QFileDialog dialog(parent_, q(d.title), q(d.initialFolder), QtFilter(d.filter));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.selectFile(q(d.fileName));
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    return chosen(dialog.selectedFiles().value(0), accepted);
+    return fileDialog(d, true);
 }
 
 std::string QtPrompts::InputBox(const std::string& prompt, const std::string& title) {

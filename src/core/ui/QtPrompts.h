@@ -17,6 +17,7 @@ public:
     std::string InputBox(const std::string& prompt, const std::string& title) override;
 
 private:
+    std::optional<std::string> fileDialog(const FileDialog& dialog, bool save);
     QWidget*& parent_; // the main window once it exists
 };
 
