@@ -2,7 +2,9 @@
 
 #include "CliSession.h"
 
+#include "core/Text.h"
 #include "link/PortMap.h"
+#include "scripts/TerminalSend.h"
 
 #include <functional>
 #include <map>
@@ -60,6 +62,41 @@ int detect(Run& r) {
     return ExitOk;
 }
 
+// What came back, as lines a shell reads: the controller ends its lines with CR alone.
+std::string asLines(std::string reply) {
+    ReplaceAll(reply, "\r\n", "\n");
+    ReplaceAll(reply, "\r", "\n");
+    if (!reply.empty() && reply.back() != '\n') {
+        reply += '\n';
+    }
+    return reply;
+}
+
+int send(Run& r) {
+    if (r.options.args.size() != 1) {
+        return fail(r.err, "send takes the text to send as one argument", ExitUsage);
+    }
+    auto& kdx = r.session.kdx();
+    kdx.ClearPortChars();
+    const auto plan = PlanTerminalSend(r.options.args[0]);
+    for (const auto action : plan.actions) {
+        action == LinkAction::BringOnline ? kdx.BringOnline() : kdx.BringOffline();
+    }
+    kdx.SendCommandsToPort(plan.toSend);
+    // Replies have no end mark: wait until the line has been quiet for a moment.
+    int last = -1;
+    for (int round = 0; round < 40; ++round) {
+        r.session.delay().TimeDelay(0.1);
+        const int count = kdx.CountNumberCharsAtPort();
+        if (count == last && round >= 3) {
+            break;
+        }
+        last = count;
+    }
+    r.out << asLines(kdx.ReadReplyAndClearPort());
+    return kdx.VerifyStatus() == "ERRORCOMMUNICATIONS" ? ExitNoAnswer : ExitOk;
+}
+
 int status(Run& r) {
     const auto word = r.session.kdx().VerifyStatus();
     r.out << word << "\n";
@@ -85,6 +122,9 @@ int runCommand(const CliOptions& options, std::ostream& out, std::ostream& err) 
     }
     if (options.command == "status") {
         return status(run);
+    }
+    if (options.command == "send") {
+        return send(run);
     }
     return fail(err, "unknown command " + options.command, ExitUsage);
 }
