@@ -1,0 +1,160 @@
+#include "sim/PtyHost.h"
+
+#include <chrono>
+#include <poll.h>
+#include <pty.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace korval::sim {
+
+namespace {
+
+speed_t speedOf(int baud) {
+    switch (baud) {
+    case 19200:
+        return B19200;
+    case 38400:
+        return B38400;
+    default:
+        return B9600;
+    }
+}
+
+int baudOf(speed_t speed) {
+    switch (speed) {
+    case B9600:
+        return 9600;
+    case B19200:
+        return 19200;
+    case B38400:
+        return 38400;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+PtyHost::PtyHost(SimOptions options) : chain_(std::move(options)) {}
+
+PtyHost::~PtyHost() {
+    stop();
+}
+
+bool PtyHost::start(std::string& error) {
+    if (running_) {
+        return true;
+    }
+    termios tio{};
+    cfmakeraw(&tio);
+    tio.c_cflag |= CLOCAL | CREAD;
+    cfsetispeed(&tio, speedOf(chain_.options().baud));
+    cfsetospeed(&tio, speedOf(chain_.options().baud));
+    char name[256] = {};
+    if (openpty(&master_, &slave_, name, &tio, nullptr) != 0) {
+        error = "cannot open a pseudo-terminal";
+        master_ = slave_ = -1;
+        return false;
+    }
+    device_ = name;
+    stop_ = false;
+    running_ = true;
+    thread_ = std::thread([this] { loop(); });
+    return true;
+}
+
+void PtyHost::stop() {
+    stop_ = true;
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+    closeLine();
+}
+
+void PtyHost::hangUp() {
+    stop();
+}
+
+void PtyHost::closeLine() {
+    std::lock_guard lock(mutex_);
+    if (master_ >= 0) {
+        ::close(master_);
+        master_ = -1;
+    }
+    if (slave_ >= 0) {
+        ::close(slave_);
+        slave_ = -1;
+    }
+    running_ = false;
+}
+
+int PtyHost::lineBaud() const {
+    std::lock_guard lock(mutex_);
+    termios tio{};
+    if (master_ < 0 || tcgetattr(master_, &tio) != 0) {
+        return 0;
+    }
+    const int in = baudOf(cfgetispeed(&tio));
+    const int out = baudOf(cfgetospeed(&tio));
+    // An input speed of 0 means "the same as the output speed".
+    return cfgetispeed(&tio) == B0 || in == out ? out : 0;
+}
+
+void PtyHost::withChain(const std::function<void(KdxChain&)>& action) {
+    std::lock_guard lock(mutex_);
+    action(chain_);
+}
+
+void PtyHost::loop() {
+    using Clock = std::chrono::steady_clock;
+    auto last = Clock::now();
+    std::string pending; // what the chain said and the line has not yet carried
+    double credit = 0;   // characters the line could have carried since the last write
+    char buf[512];
+    while (!stop_) {
+        pollfd p{master_, POLLIN, 0};
+        const int ready = ::poll(&p, 1, pending.empty() ? 5 : 1);
+        if (ready < 0) {
+            continue;
+        }
+        const int baud = lineBaud();
+        std::lock_guard lock(mutex_);
+        if (p.revents & POLLIN) {
+            const ssize_t n = ::read(master_, buf, sizeof buf);
+            // At a rate not its own the controller hears framing errors, not characters.
+            if (n > 0 && baud == chain_.options().baud) {
+                chain_.receive(std::string_view(buf, static_cast<std::size_t>(n)));
+            }
+        }
+        const auto now = Clock::now();
+        const auto elapsed = std::chrono::duration_cast<std::chrono::microseconds>(now - last);
+        last = now;
+        chain_.advance(elapsed.count());
+        if (baud != chain_.options().baud) {
+            chain_.takeOutput(); // what it says at a foreign rate is lost on the line
+            pending.clear();
+            credit = 0;
+            continue;
+        }
+        if (pending.size() < 4096) {
+            pending += chain_.takeOutput();
+        }
+        if (pending.empty()) {
+            credit = 0;
+            continue;
+        }
+        credit = std::min(credit + static_cast<double>(elapsed.count()) * baud / 10.0 / 1e6,
+                          static_cast<double>(pending.size()));
+        const auto chunk = static_cast<std::size_t>(credit);
+        if (chunk > 0) {
+            const ssize_t w = ::write(master_, pending.data(), chunk);
+            if (w > 0) {
+                pending.erase(0, static_cast<std::size_t>(w));
+                credit -= static_cast<double>(w);
+            }
+        }
+    }
+}
+
+} // namespace korval::sim

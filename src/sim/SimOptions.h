@@ -1,0 +1,30 @@
+#pragma once
+// The model choices of a virtual controller chain, read from "key=value,key=value" text: the
+// form that kdx-sim --options and the command line's built-in controller take.
+#include <string>
+
+namespace korval::sim {
+
+struct SimOptions {
+    std::string arrangement = "2"; // "1", "2", "2+1", "1+2", "1+1", "2+2"
+    std::string firmware = "1.22";
+    std::string date = "03/14/2005";
+    int mode = 2;
+    int baud = 9600;
+    bool echo = false;     // echo at power-up; "E" and "F" change it afterwards
+    int silentAxes = 0;    // bit m-1 set: queries about axis m are never answered
+    int unwiredLimits = 0; // bit m-1 set: axis m has no limit switches
+    long travel = 20000;   // steps from the starting place to each limit switch
+    int overTravel = 0;    // the value "O," reads
+    int analog = 128;      // analog input at power-up, 0..255
+};
+
+// Parses the option text; on a fault returns false and says why in `error`. Unnamed keys keep
+// their defaults, so "" is a KDX-2 at 9600 baud.
+bool ParseSimOptions(const std::string& text, SimOptions& options, std::string& error);
+
+// The axes (1..4) an arrangement has: axes 1 and 2 on the first controller, 3 and 4 on the second.
+bool ArrangementHasAxis(const std::string& arrangement, int axis);
+bool ArrangementHasController(const std::string& arrangement, int controller);
+
+} // namespace korval::sim
