@@ -144,7 +144,12 @@ bool KdxChain::continues(char c) const {
 }
 
 void KdxChain::handleChar(char c) {
-    if (echo_ && !priv_ && c != '#') {
+    // A private item is never echoed, nor the separator that closes it; "E" echoes itself as
+    // it turns echo on.
+    const bool separator = c == ',' || c == '\r';
+    const bool privateByte = priv_ || c == '#' || (separator && privTail_);
+    privTail_ = false;
+    if ((echo_ || (c == 'E' && buf_.empty())) && !privateByte) {
         emit(std::string(1, c));
     }
     if (inComment_) {
@@ -179,6 +184,7 @@ void KdxChain::handleChar(char c) {
         if (std::strchr(Immediate, c) != nullptr && c != 0) {
             const bool priv = priv_;
             priv_ = false;
+            privTail_ = priv;
             immediate(c, priv);
             return;
         }
@@ -199,6 +205,7 @@ void KdxChain::finishItem() {
     if (!skipping_ && !buf_.empty()) {
         const std::string text = buf_;
         buf_.clear();
+        privTail_ = priv_;
         item(text, priv_);
     }
     buf_.clear();
@@ -666,8 +673,8 @@ void KdxChain::raise(char code) {
     // Invalid motor and nested loop share the stream code of a full memory; the status tells
     // them apart.
     const char stream = code == 'N' || code == 'I' ? 'M' : code;
-    emit(std::string(1, Lead) + stream);
     if (error_ == 0) {
+        emit(std::string(1, Lead) + stream); // once: the status holds it until K
         error_ = code;
     }
     run_ = Run{};

@@ -145,6 +145,7 @@ private:
     std::string buf_;
     bool skipping_ = false;
     bool priv_ = false;
+    bool privTail_ = false; // the last item was private: its separator is not echoed
     bool inComment_ = false;
     std::string out_;
     bool echo_ = false;

@@ -29,3 +29,126 @@ TEST(SimQuery, WordQueriesAnswerDecimalTextAndCarriageReturn) {
         EXPECT_EQ(ask(chain, c.query), c.reply) << c.query;
     }
 }
+
+TEST(SimQuery, ByteMasksAreActiveLowForLimitsAndInputsAndActiveHighForOutputs) {
+    KdxChain chain = chainWith("arrangement=2+2");
+    EXPECT_EQ(ask(chain, "?,"), "\xFF");
+    EXPECT_EQ(ask(chain, "~,"), "\xFF");
+    EXPECT_EQ(ask(chain, "$,"), std::string(1, '\0'));
+
+    chain.setLimit(1, LimitSide::Plus, true);
+    chain.setLimit(4, LimitSide::Minus, true);
+    EXPECT_EQ(static_cast<unsigned char>(ask(chain, "?")[0]), 0xFF & ~0x02 & ~0x40);
+
+    chain.setInput(1, true);
+    chain.setInput(3, true);
+    chain.setJogButton(2, LimitSide::Minus, true);
+    EXPECT_EQ(static_cast<unsigned char>(ask(chain, "~")[0]), 0xFF & ~0x10 & ~0x40 & ~0x04);
+
+    ask(chain, "C,U5,U15,U14,U35,R");
+    EXPECT_EQ(ask(chain, "$"), std::string(1, '\x09'));
+}
+
+TEST(SimQuery, OutputMaskIsSilentBeforeFirmware122) {
+    KdxChain old = chainWith("firmware=1.21");
+    EXPECT_EQ(ask(old, "getD0,"), "1.21\r");
+    EXPECT_EQ(ask(old, "$,"), "");
+    EXPECT_EQ(ask(old, "#$,"), "{}");
+}
+
+TEST(SimQuery, ModelChoicesShowInTheirQueries) {
+    KdxChain chain = chainWith("date=01/02/2003,mode=4,overtravel=3,analog=200");
+    EXPECT_EQ(ask(chain, "getD1,"), "01/02/2003\r");
+    EXPECT_EQ(ask(chain, "getD2,"), "4\r");
+    EXPECT_EQ(ask(chain, "O,"), "3\r");
+    EXPECT_EQ(ask(chain, "@"), "200\r");
+    chain.setAnalog(7);
+    EXPECT_EQ(ask(chain, "@"), "7\r");
+}
+
+TEST(SimQuery, PrivateItemsComeBackFramedAndAreNeverEchoed) {
+    KdxChain chain;
+    struct Case {
+        const char* sent;
+        std::string reply;
+    } cases[] = {
+        {"#V,", "{R}"},      {"#getM1M,", "{0\r}"}, {"#getM3M,", "{" + Err + "B}"},
+        {"#rsm", "{^}"},     {"#F,", "{}"},         {"#X2,", "{0\r}"},
+        {"#N,", "{256\r}"},  {"#PM,", "{0\r}"},     {"#PM3,", "{}"},
+        {"#setM1M5,", "{}"}, {"#unknown,", "{}"},   {"#getD0,#getD2,", "{1.22\r}{2\r}"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(ask(chain, c.sent), c.reply) << c.sent;
+    }
+    ask(chain, "E");
+    EXPECT_EQ(ask(chain, "#V,"), "{R}");
+    EXPECT_EQ(ask(chain, "V"), "VR");
+}
+
+TEST(SimQuery, EchoIsOnAfterEAndOffAfterFOrG) {
+    KdxChain chain;
+    EXPECT_EQ(ask(chain, "E"), "E");
+    EXPECT_TRUE(chain.echo());
+    EXPECT_EQ(ask(chain, "getD2,"), "getD2,2\r");
+    EXPECT_EQ(ask(chain, "F"), "F");
+    EXPECT_FALSE(chain.echo());
+    EXPECT_EQ(ask(chain, "getD2,"), "2\r");
+    ask(chain, "E");
+    EXPECT_EQ(ask(chain, "G"), "G");
+    EXPECT_FALSE(chain.echo());
+    KdxChain echoing = chainWith("echo=on");
+    EXPECT_EQ(ask(echoing, "V"), "VR");
+    EXPECT_EQ(ask(echoing, "K,Q,F"), "K,Q,F");
+    EXPECT_EQ(ask(echoing, "V"), "R");
+}
+
+TEST(SimQuery, StatusFollowsOnLineOffLineBusyAndJogging) {
+    KdxChain chain;
+    EXPECT_EQ(ask(chain, "V"), "R");
+    ask(chain, "Q");
+    EXPECT_EQ(ask(chain, "V"), "J");
+    ask(chain, "C,S1M1000,I1M5000,R");
+    EXPECT_EQ(ask(chain, "V"), "L");
+    ask(chain, "F");
+    EXPECT_EQ(ask(chain, "V"), "B");
+    ask(chain, "K");
+    EXPECT_EQ(ask(chain, "V"), "R");
+    ask(chain, "H1M500,");
+    EXPECT_EQ(ask(chain, "V"), "b");
+    ask(chain, "D");
+    chain.advanceMs(100);
+    EXPECT_EQ(ask(chain, "V"), "R");
+}
+
+TEST(SimItems, ItemsEndWithoutTerminatorsWhereTheNextCharacterCannotContinueThem) {
+    struct Case {
+        const char* sent;
+        const char* reply;
+    } cases[] = {
+        {"K,Q,F", ""},                         // the bare F acts: on line
+        {"getD2\rgetD2,", "2\r2\r"},           // carriage return ends an item
+        {"getD2,,,getD2,", "2\r2\r"},          // empty items are harmless
+        {"get\tD2,", "2\r"},                   // tabs are ignored
+        {"getD2;getD0, a comment\rV", "2\rR"}, // a comment runs to the line end
+        {"X1V", "0\rR"},                       // V cannot continue X1
+        {"PM3lst", "\r"},                      // lst ends at its last letter
+        {"rsmV", "^R"},                        // so does rsm
+        {"PM,PMA\r", "3\r3\r"},
+    };
+    KdxChain chain;
+    for (const auto& c : cases) {
+        EXPECT_EQ(ask(chain, c.sent), c.reply) << c.sent;
+    }
+    EXPECT_TRUE(chain.online());
+}
+
+TEST(SimItems, AnItemWithANumberIsStoredWhenTheRunArrives) {
+    KdxChain chain;
+    ask(chain, "C,S1M2000,,I1M400");
+    EXPECT_EQ(chain.freeMemory(0), 256 - 4);
+    ask(chain, "R");
+    EXPECT_EQ(chain.freeMemory(0), 256 - 8);
+    chain.advanceMs(1000);
+    EXPECT_EQ(chain.position(1), 400);
+    EXPECT_EQ(chain.takeOutput(), "^");
+}
