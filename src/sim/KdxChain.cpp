@@ -790,7 +790,7 @@ void KdxChain::execute(const Command& cmd) {
     case 'I':
     case 'T':
     case 'H': {
-        if (cmd.op == 'H' && !limitsWired(cmd.motor)) {
+        if (cmd.op == 'H' && !limitsWired(cmd.motor) && live_.limit[cmd.motor - 1] <= 0) {
             raise('C'); // no switch would ever end it
             return;
         }
@@ -859,13 +859,23 @@ bool KdxChain::limitsWired(int axis) const {
 }
 
 bool KdxChain::limitActive(int axis, int side) const {
-    if (axis < 1 || axis > 4 || !hasAxis(axis) || !limitsWired(axis)) {
+    if (axis < 1 || axis > 4 || !hasAxis(axis)) {
         return false;
+    }
+    const long setting = live_.limit[axis - 1];
+    if (!limitsWired(axis)) {
+        // An open input is what a tripped normally-closed switch looks like.
+        return setting > 0;
     }
     const auto& m = motors_[axis - 1];
     const double travel = static_cast<double>(options_.travel);
-    const bool atEnd = side == 0 ? m.pos <= -travel : m.pos >= travel;
-    return atEnd || m.limitHeld[side];
+    const bool pressed = (side == 0 ? m.pos <= -travel : m.pos >= travel) || m.limitHeld[side];
+    if (setting == 0) {
+        return pressed; // auto-detect learns the kind of switch
+    }
+    // A positive setting expects normally-closed switches, a negative one normally-open.
+    const bool closed = options_.normallyOpen ? pressed : !pressed;
+    return setting > 0 ? !closed : closed;
 }
 
 double KdxChain::analogSpeed(int range) const {
@@ -927,11 +937,14 @@ void KdxChain::tick(double dt) {
         } else {
             m.pos += m.dir * step;
         }
-        const int side = m.dir > 0 ? 1 : 0;
-        if (limitActive(axis, side)) {
-            // The switch stops the motor where it stands; the rig ends there too.
+        if (limitsWired(axis)) {
+            // The carriage ends at the switches whatever the controller makes of them.
             const double travel = static_cast<double>(options_.travel);
             m.pos = std::clamp(m.pos, -travel, travel);
+        }
+        const int side = m.dir > 0 ? 1 : 0;
+        if (limitActive(axis, side)) {
+            // The switch stops the motor where it stands.
             const bool expected = m.toLimit;
             m.vel = 0;
             m.moving = false;

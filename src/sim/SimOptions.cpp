@@ -90,6 +90,8 @@ bool ParseSimOptions(const std::string& text, SimOptions& options, std::string& 
             o.baud = std::stoi(value);
         } else if (key == "echo" && (value == "on" || value == "off")) {
             o.echo = value == "on";
+        } else if (key == "switches" && (value == "nc" || value == "no")) {
+            o.normallyOpen = value == "no";
         } else if (key == "silent") {
             good = axisMask(value, o.silentAxes);
         } else if (key == "nolimits") {

@@ -11,12 +11,13 @@ struct SimOptions {
     std::string date = "03/14/2005";
     int mode = 2;
     int baud = 9600;
-    bool echo = false;     // echo at power-up; "E" and "F" change it afterwards
-    int silentAxes = 0;    // bit m-1 set: queries about axis m are never answered
-    int unwiredLimits = 0; // bit m-1 set: axis m has no limit switches
-    long travel = 20000;   // steps from the starting place to each limit switch
-    int overTravel = 0;    // the value "O," reads
-    int analog = 128;      // analog input at power-up, 0..255
+    bool echo = false;         // echo at power-up; "E" and "F" change it afterwards
+    int silentAxes = 0;        // bit m-1 set: queries about axis m are never answered
+    int unwiredLimits = 0;     // bit m-1 set: axis m has no limit switches
+    bool normallyOpen = false; // the kind of limit switch wired (the limit setting's sign)
+    long travel = 20000;       // steps from the starting place to each limit switch
+    int overTravel = 0;        // the value "O," reads
+    int analog = 128;          // analog input at power-up, 0..255
 };
 
 // Parses the option text; on a fault returns false and says why in `error`. Unnamed keys keep

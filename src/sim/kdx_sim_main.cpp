@@ -33,6 +33,7 @@ void usage() {
         "  --echo on|off         echo at power-up (default off)\n"
         "  --silent DIGITS       axes that never answer a query, e.g. 2 or 34\n"
         "  --nolimits DIGITS     axes with no limit switches wired\n"
+        "  --switches nc|no      limit switches normally closed or open (default nc)\n"
         "  --travel N            steps from the start to each limit switch (default 20000)\n"
         "  --overtravel N        the value \"O,\" reads (default 0)\n"
         "  --analog N            analog input at power-up, 0-255 (default 128)\n"

@@ -56,9 +56,10 @@ TEST(SimBadInput, AnUnreadStreamStopsGrowingAtItsLimit) {
 TEST(SimOptions, OptionTextSetsEachChoiceAndRefusesBadOnes) {
     SimOptions o;
     std::string error;
-    ASSERT_TRUE(ParseSimOptions("arrangement=2+2,firmware=1.21,baud=19200,echo=on,silent=34,"
-                                "nolimits=1,travel=500,overtravel=2,analog=9,mode=4,date=x",
-                                o, error))
+    ASSERT_TRUE(
+        ParseSimOptions("arrangement=2+2,firmware=1.21,baud=19200,echo=on,silent=34,"
+                        "nolimits=1,travel=500,overtravel=2,analog=9,mode=4,date=x,switches=no",
+                        o, error))
         << error;
     EXPECT_EQ(o.arrangement, "2+2");
     EXPECT_EQ(o.firmware, "1.21");
@@ -71,6 +72,7 @@ TEST(SimOptions, OptionTextSetsEachChoiceAndRefusesBadOnes) {
     EXPECT_EQ(o.analog, 9);
     EXPECT_EQ(o.mode, 4);
     EXPECT_EQ(o.date, "x");
+    EXPECT_TRUE(o.normallyOpen);
 
     const char* bad[] = {
         "arrangement=3", "arrangement=2+", "baud=9601", "baud=",     "silent=5",  "travel=0",

@@ -38,8 +38,8 @@ TEST(SimErrors, EachConditionRaisesItsCodeAndHoldsUntilKill) {
          Err + "N"},
         {"motor 0", "", [](KdxChain& c) { c.receive("C,I0M5,"); }, Err + "M", Err + "I"},
         {"motor 9", "", [](KdxChain& c) { c.receive("C,S9M100,"); }, Err + "M", Err + "I"},
-        {"continuous index", "nolimits=1", [](KdxChain& c) { c.receive("C,I1M0,R"); }, Err + "C",
-         Err + "C"},
+        {"continuous index", "nolimits=1", [](KdxChain& c) { c.receive("setL1M-1,C,I1M0,R"); },
+         Err + "C", Err + "C"},
         {"stop button", "",
          [](KdxChain& c) {
              c.receive("C,S1M100,I1M5000,R");

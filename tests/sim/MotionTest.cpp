@@ -205,3 +205,41 @@ TEST(SimMotion, PowerUpRunsProgram4WhenTheModeWordAsks) {
     chain.powerCycle();
     EXPECT_EQ(chain.outputMask(), 0);
 }
+
+// The "?" bits of axis 1 (bit 0 minus, bit 1 plus; 0 is active) as the limit setting's sign
+// meets the switches wired: a mismatch reads the switch backwards.
+TEST(SimMotion, LimitSettingPolarityMeetsTheSwitchesWired) {
+    struct Case {
+        const char* options;
+        const char* setting;
+        bool plusPressed;
+        int bits;
+    } cases[] = {
+        {"switches=nc", "1", false, 3},  {"switches=nc", "1", true, 1},
+        {"switches=nc", "0", true, 1},   {"switches=no", "0", true, 1},
+        {"switches=nc", "-1", false, 0}, {"switches=nc", "-1", true, 2},
+        {"switches=no", "-1", true, 1},  {"switches=no", "-2", false, 3},
+        {"switches=no", "1", false, 0},  {"switches=no", "2", true, 2},
+        {"nolimits=1", "1", true, 0},    {"nolimits=1", "-1", true, 3},
+        {"nolimits=1", "0", false, 3},
+    };
+    for (const auto& c : cases) {
+        KdxChain chain = chainWith(c.options);
+        ask(chain, std::string("setL1M") + c.setting + ",");
+        chain.setLimit(1, LimitSide::Plus, c.plusPressed);
+        EXPECT_EQ(static_cast<unsigned char>(ask(chain, "?")[0]) & 3, c.bits)
+            << c.options << " setL1M" << c.setting << (c.plusPressed ? " pressed" : "");
+    }
+}
+
+TEST(SimMotion, AMotorWillNotLeaveASwitchItReadsAsTripped) {
+    KdxChain wrong = chainWith("switches=nc");
+    ask(wrong, "setL1M-1,C,S1M1000,I1M100,R");
+    runToEnd(wrong, 1000);
+    EXPECT_EQ(wrong.position(1), 0);
+
+    KdxChain right = chainWith("switches=no");
+    ask(right, "setL1M-1,C,S1M1000,I1M100,R");
+    runToEnd(right, 1000);
+    EXPECT_EQ(right.position(1), 100);
+}
