@@ -1,6 +1,7 @@
 #include "sim/PtyHost.h"
 
 #include <chrono>
+#include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
 #include <termios.h>
@@ -58,6 +59,8 @@ bool PtyHost::start(std::string& error) {
         return false;
     }
     device_ = name;
+    // A host that stops reading must never block the thread, or stop() could not join it.
+    ::fcntl(master_, F_SETFL, ::fcntl(master_, F_GETFL) | O_NONBLOCK);
     stop_ = false;
     running_ = true;
     thread_ = std::thread([this] { loop(); });

@@ -173,7 +173,7 @@ TEST(SimPty, KdxSimPrintsItsDeviceRegistersItsPortAndLeavesCleanly) {
     const int fd = openLine(device, 9600);
     ASSERT_GE(fd, 0);
     send(fd, "getD0,getM4M,");
-    EXPECT_EQ(readLine(fd, 10, 1000), "1.21\r0\r");
+    EXPECT_EQ(readLine(fd, 7, 1000), "1.21\r0\r");
     // A control line reaches the same chain.
     const std::string control = "limit 2 - on\n";
     ASSERT_EQ(::write(toChild[1], control.data(), control.size()),
