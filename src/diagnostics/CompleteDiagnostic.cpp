@@ -1,0 +1,175 @@
+#include "CompleteDiagnostic.h"
+
+#include "CommandLanguage.h"
+
+#include "core/AtomicFile.h"
+#include "scripts/ScriptText.h"
+
+#include <vector>
+
+namespace korval {
+
+namespace {
+
+constexpr const char* CrLf = "\r\n";
+constexpr double StepPause = 0.1;
+
+AxisTargets targets(std::array<TextBox, 4>& boxes) {
+    return {&boxes[0], &boxes[1], &boxes[2], &boxes[3]};
+}
+
+// Progress reads "Scanning {name}" before the query and "{name} Complete" after it.
+struct Step {
+    std::string name;
+    std::vector<TextBox*> boxes; // emptied before the query runs
+    std::function<void()> query;
+};
+
+std::string banner(const char* name) {
+    return std::string("**********") + name + "**********" + CrLf;
+}
+
+} // namespace
+
+std::string ReadCurrentProgramAsIs(QueryCycle& cycle) {
+    cycle.driver().ClearPortChars();
+    cycle.driver().SendCommandsToPort(kdx::GetCurrentProgramBare());
+    cycle.Wait(QueryCycle::ReplyDelay);
+    return cycle.driver().ReadReplyAndClearPort();
+}
+
+void RestoreCurrentProgram(QueryCycle& cycle, const std::string& kept) {
+    cycle.driver().SendCommandsToPort(kdx::SelectProgramAsRead(kept));
+}
+
+std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& b,
+                                  const ScanProgress& progress, ScanOptions options,
+                                  BusyPointer* pointer) {
+    auto tell = [&](const std::string& text) {
+        if (progress) {
+            progress(text);
+        }
+    };
+    auto& d = diagnostic;
+    std::vector<Step> steps = {
+        {"Processor", {&b.processor}, [&] { d.GetProcessor(&b.processor); }},
+        {"Operating Mode", {&b.operatingMode}, [&] { d.GetOperatingMode(&b.operatingMode); }},
+        {"KDX Current Program",
+         {&b.programCurrent},
+         [&] { d.GetCurrentProgram(&b.programCurrent); }},
+        {"KDX Current Program Associate",
+         {&b.programCurrentAssociate},
+         [&] { d.GetCurrentProgramAssociate(&b.programCurrentAssociate); }},
+    };
+    for (int n = 0; n <= 4; ++n) {
+        auto* box = &b.program[static_cast<std::size_t>(n)];
+        const auto name = "Program " + std::to_string(n);
+        steps.push_back({name, {box}, [&d, n, box] { d.GetProgram(n, box); }});
+    }
+    auto all = [](std::array<TextBox, 4>& four) {
+        return std::vector<TextBox*>{&four[0], &four[1], &four[2], &four[3]};
+    };
+    const std::vector<Step> rest = {
+        {"Axis", all(b.axis), [&] { d.GetAxisSettings(targets(b.axis)); }},
+        {"Analog Joystick Deadband", {&b.deadband}, [&] { d.GetDeadBand(&b.deadband); }},
+        {"Analog Joystick", all(b.joystickAnalog),
+         [&] { d.GetJoystickAnalogSettings(targets(b.joystickAnalog)); }},
+        {"Digital Joystick", all(b.joystickDigital),
+         [&] { d.GetJoystickDigitalSettings(targets(b.joystickDigital)); }},
+        {"Output Pulse Width", {&b.pulseWidth}, [&] { d.GetPulseWidth(&b.pulseWidth); }},
+        {"Output Pulse", all(b.outputPulse),
+         [&] { d.GetPulseEveryNumSteps(targets(b.outputPulse)); }},
+        {"Multifunction User Inputs",
+         {&b.multifunctionInputs},
+         [&] { d.GetMultifunctionUserInputs(&b.multifunctionInputs); }},
+        {"Analog Input", {&b.analogInput}, [&] { d.GetAnalogInput(&b.analogInput); }},
+        {"User Outputs", {&b.userOutputs}, [&] { d.GetUserOutputStates(&b.userOutputs); }},
+        {"Overtravel", {&b.overTravel}, [&] { d.GetOverTravel(&b.overTravel); }},
+        {"Backlash", {&b.backlash}, [&] { d.GetBacklash(&b.backlash); }},
+        {"User Inputs", {&b.userInputs}, [&] { d.GetUserInputStates(&b.userInputs); }},
+        {"Limit States", {&b.limitStates}, [&] { d.GetLimitStates(&b.limitStates); }},
+    };
+    steps.insert(steps.end(), rest.begin(), rest.end());
+
+    if (pointer != nullptr) {
+        pointer->SetBusy(true);
+    }
+    auto& cycle = d.cycle();
+    std::string kept;
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        const bool firstListing = i == 4;
+        const bool lastListing = i == 8;
+        if (firstListing && options.restoreCurrentProgram) {
+            kept = ReadCurrentProgramAsIs(cycle);
+        }
+        tell("Scanning " + steps[i].name + CrLf);
+        for (auto* box : steps[i].boxes) {
+            box->text.clear();
+        }
+        steps[i].query();
+        cycle.Wait(StepPause);
+        tell(steps[i].name + " Complete" + CrLf);
+        if (lastListing && options.restoreCurrentProgram) {
+            RestoreCurrentProgram(cycle, kept);
+        }
+    }
+    cycle.Wait(StepPause);
+    tell(std::string("Scan Complete") + CrLf);
+    tell("Generating Report");
+    cycle.Wait(StepPause);
+    auto report = BuildDiagnosticReport(b);
+    if (pointer != nullptr) {
+        pointer->SetBusy(false);
+    }
+    return report;
+}
+
+std::string BuildDiagnosticReport(const DiagnosticBoxes& b) {
+    std::string r = std::string(20, '*') + " Diagnostic Results " + std::string(20, '*') + CrLf;
+    r += CrLf;
+    r += banner(" Processor ") + b.processor.text + CrLf;
+    r += banner(" Operating Mode ") + b.operatingMode.text + CrLf;
+    r += banner(" Programs ") + b.programCurrent.text + b.programCurrentAssociate.text;
+    for (const auto& program : b.program) {
+        r += program.text + CrLf;
+    }
+    r += banner(" Axis ");
+    for (const auto& axis : b.axis) {
+        r += axis.text + CrLf;
+    }
+    r += banner(" Analog Joystick ") + b.deadband.text;
+    for (const auto& axis : b.joystickAnalog) {
+        r += axis.text;
+    }
+    r += CrLf;
+    r += banner(" Digital Joystick ");
+    for (const auto& axis : b.joystickDigital) {
+        r += axis.text;
+    }
+    r += CrLf;
+    r += banner(" Outputs ") + b.pulseWidth.text; // the pulse settings, not the output states
+    for (const auto& axis : b.outputPulse) {
+        r += axis.text;
+    }
+    r += CrLf;
+    r += banner(" Multifunction Inputs ") + b.multifunctionInputs.text + CrLf;
+    r += banner(" Analog Input ") + b.analogInput.text + CrLf;
+    r += banner(" User Outputs ") + b.userOutputs.text + CrLf;
+    r += banner(" Overtravel and Backlash ") + b.overTravel.text + b.backlash.text + CrLf;
+    r += banner(" User Inputs ") + b.userInputs.text + CrLf;
+    r += banner(" Limit States ") + b.limitStates.text; // the file ends with the last state
+    return r;
+}
+
+std::optional<std::string> DiagnosticReportFileName(const std::string& chosen) {
+    if (chosen.empty()) {
+        return std::nullopt;
+    }
+    return TxtFileName(chosen);
+}
+
+bool SaveDiagnosticReport(const std::string& path, const std::string& report) {
+    return writeFileAtomically(path, report);
+}
+
+} // namespace korval

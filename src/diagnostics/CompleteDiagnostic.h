@@ -1,0 +1,57 @@
+#pragma once
+// The complete diagnostic: every query the information panels can show, in one run, with its
+// progress told as it goes, and then the report. The window and the command line both run it.
+#include "ClsKdxDiagnostic.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace korval {
+
+// The texts of the information panels, as the scan leaves them; the window copies them into
+// its panels, and the report is read from them.
+struct DiagnosticBoxes {
+    TextBox processor, operatingMode;
+    TextBox programCurrent, programCurrentAssociate;
+    std::array<TextBox, 5> program;
+    std::array<TextBox, 4> axis;
+    TextBox deadband;
+    std::array<TextBox, 4> joystickAnalog, joystickDigital;
+    TextBox pulseWidth;
+    std::array<TextBox, 4> outputPulse;
+    TextBox multifunctionInputs, analogInput, userOutputs;
+    TextBox overTravel, backlash;
+    TextBox userInputs, limitStates;
+};
+
+// Text added to the progress box, exactly as it is added ("Scanning Axis" and CR LF, ...).
+using ScanProgress = std::function<void(const std::string& added)>;
+
+struct ScanOptions {
+    // The scan leaves the last listed program (4) current. Set this to read the current program
+    // before the listings and select it again after them, as the Programs panel does.
+    bool restoreCurrentProgram = false;
+};
+
+// Runs the 22 steps over `diagnostic`, filling `boxes`, and gives back the report.
+std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& boxes,
+                                  const ScanProgress& progress = {}, ScanOptions options = {},
+                                  BusyPointer* pointer = nullptr);
+
+// The report from the panel texts: single-byte text with CR LF line ends.
+std::string BuildDiagnosticReport(const DiagnosticBoxes& boxes);
+
+// The current program as the controller gives it to "PM" and CR, kept as it came.
+std::string ReadCurrentProgramAsIs(QueryCycle& cycle);
+// Selects again the program read by ReadCurrentProgramAsIs.
+void RestoreCurrentProgram(QueryCycle& cycle, const std::string& kept);
+
+// The file a chosen report name is saved as: every ".txt" taken out, one put at the end; no
+// file at all for an empty name.
+std::optional<std::string> DiagnosticReportFileName(const std::string& chosen);
+
+// Writes the report's bytes whole, or leaves the file as it was; false on failure.
+bool SaveDiagnosticReport(const std::string& path, const std::string& report);
+
+} // namespace korval

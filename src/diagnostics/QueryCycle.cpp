@@ -1,0 +1,27 @@
+#include "QueryCycle.h"
+
+#include "CommandLanguage.h"
+
+namespace korval {
+
+void QueryCycle::Prologue() {
+    driver_.SendCommandsToPort(std::string(kdx::QueryPrologue));
+    delay_.TimeDelay(ReplyDelay);
+}
+
+std::string QueryCycle::Ask(std::string_view query, double wait) {
+    driver_.ClearPortChars();
+    driver_.SendCommandsToPort(std::string(query));
+    delay_.TimeDelay(wait);
+    return driver_.ReadReplyFromPort();
+}
+
+std::string QueryCycle::AskAfterPause(std::string_view query) {
+    driver_.ClearPortChars();
+    delay_.TimeDelay(ReplyDelay);
+    driver_.SendCommandsToPort(std::string(query));
+    delay_.TimeDelay(ReplyDelay);
+    return driver_.ReadReplyFromPort();
+}
+
+} // namespace korval

@@ -1,0 +1,91 @@
+#include "diagnostics/CommandLanguage.h"
+
+#include <gtest/gtest.h>
+
+using namespace korval;
+
+TEST(CommandLanguage, BuildersGiveTheExactCommandTexts) {
+    const struct {
+        std::string built;
+        const char* expected;
+    } cases[] = {
+        {std::string(kdx::QueryPrologue), "K,Q,F"},
+        {kdx::GetFirmwareVersion(), "getD0,"},
+        {kdx::GetModeNumber(), "getD2,"},
+        {kdx::GetMotorSetting(3), "getM3M,"},
+        {kdx::GetLimitSetting(4), "getL4M,"},
+        {kdx::GetJoystickPrimary(2), "getj2M,"},
+        {kdx::GetJoystickSecondary(2), "getJ2M,"},
+        {kdx::GetAnalogPrimary(1), "getjA1M,"},
+        {kdx::GetAnalogSecondary(1), "getJA1M,"},
+        {kdx::GetPulseEvery(4), "getP4M,"},
+        {kdx::GetCurrentProgramBare(), "PM\r"},
+        {kdx::ListProgram(3), "PM3,lst,"},
+        {kdx::SelectProgram(0), ",PM0,"},
+        {kdx::SelectProgramAsRead("2\r"), ",PM2\r,"},
+        {kdx::GetAnalogInput(), "@"},
+        {kdx::SetJoystickSpeeds(1, 2000, 0), "C,setj1M2000,setJ1M0,,rsm"},
+        {kdx::SetAnalogSettings(3, 5, 0), "C,setjA3M5,setJA3M0,,rsm"},
+        {kdx::SetDeadBand(20), "setDA20,rsm"},
+        {kdx::SetMultifunctionInputs(67), "C,setI67,rsm"},
+        {kdx::SingleMove(1, 2000, -400), "C,S1M2000,I1M-400,R"},
+        {kdx::Index(2, 0), "I2M0,"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(c.built, c.expected);
+    }
+}
+
+TEST(CommandLanguage, WordAndMaskReplies) {
+    const struct {
+        const char* reply;
+        double word;
+    } words[] = {{"1.22\r", 1.22}, {"", 0}, {"\r", 0}, {"12abc\r", 12}, {"1\r2\r", 12}};
+    for (const auto& w : words) {
+        EXPECT_DOUBLE_EQ(kdx::ReadWord(w.reply), w.word) << w.reply;
+    }
+    EXPECT_EQ(kdx::ReadMask(""), std::nullopt) << "no code: the bits are unknown";
+    EXPECT_EQ(kdx::ReadMask("\xFF"), 255) << "read as a byte, never negative";
+    EXPECT_EQ(kdx::ReadMask("7\r"), int{'7'}) << "by the code, not by numeric conversion";
+    EXPECT_EQ(kdx::ReadMask(std::string_view("\0", 1)), 0);
+}
+
+TEST(CommandLanguage, WordsBecomeBitsLowFirst) {
+    EXPECT_EQ(kdx::WordBits(0), "00000000");
+    EXPECT_EQ(kdx::WordBits(129), "10000001");
+    EXPECT_EQ(kdx::WordBits(6), "01100000");
+    EXPECT_EQ(kdx::WordBits(256), "000000001") << "more than eight digits";
+}
+
+TEST(CommandLanguage, MotorCountFromTheThirdMotorQuery) {
+    const struct {
+        const char* reply;
+        int code;
+    } cases[] = {
+        {"", 0},
+        {"\r", 0},
+        {"getM3M,\r", 0},
+        {"\xCB"
+         "B",
+         1},
+        {"\xCB"
+         "B\r",
+         1},
+        {"J", 1},
+        {"getM3M,J\r", 1},
+        {"2000\r", 2},
+        {"getM3M,2000\r", 2},
+        {"B", 2},
+        {"JJ", 2},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(kdx::CountCodeFromReply(c.reply), c.code) << c.reply;
+    }
+}
+
+TEST(CommandLanguage, ListingLaidOutForATextBox) {
+    EXPECT_EQ(kdx::ListingForDisplay("C,;Mclear\rS1M20,;Mspeed\rR;run\r"),
+              "C,;Mclear\r\nS1M20,\t\t;Mspeed\r\nR\t\t;run\r\n")
+        << "only the first gap before \";M\" is closed";
+    EXPECT_EQ(kdx::ListingForDisplay(""), "");
+}

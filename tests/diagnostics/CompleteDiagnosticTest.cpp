@@ -1,0 +1,231 @@
+#include "FakeController.h"
+#include "support/TempFolder.h"
+
+#include "core/ClsReadWriteFile.h"
+#include "diagnostics/CompleteDiagnostic.h"
+
+#include <algorithm>
+
+using namespace korval;
+using namespace korval::testing;
+
+namespace {
+
+std::string lines(std::initializer_list<const char*> each) {
+    std::string text;
+    for (const auto* line : each) {
+        text += std::string(line) + "\r\n";
+    }
+    return text;
+}
+
+const char* const Head = "******************** Diagnostic Results ********************\r\n\r\n";
+
+// The report of the controller that FillController sets up; axes 3 and 4 only with four motors.
+std::string expectedReport(bool four) {
+    std::string r = Head;
+    r += "********** Processor **********\r\n"
+         "Version: 1.22\r\nDate: 03/14/05\r\nMode: Master\r\n";
+    r += "********** Operating Mode **********\r\n"
+         "Actual value = 129\r\r\n" +
+         lines({"Invert Motor 1 Direction: False", "Invert Motor 2 Direction: False",
+                "Emulate TB40: False", "Invert Motor 3 Direction: False",
+                "Invert Motor 4 Direction: False", "Set KDX as Master: False",
+                "Run Program 4 on Startup: True", ""});
+    r += "********** Programs **********\r\n"
+         "Current Program: 0\r\nCurrent Program Associate: 4\r\n"
+         "C,;MC\r\nS1M0,\t\t;MS1M0\r\nR,\t\t;MR\r\n\r\n"
+         "C,;MC\r\nS1M1,\t\t;MS1M1\r\nR,\t\t;MR\r\n\r\n"
+         "C,;MC\r\nS1M2,\t\t;MS1M2\r\nR,\t\t;MR\r\n\r\n"
+         "C,;MC\r\nS1M3,\t\t;MS1M3\r\nR,\t\t;MR\r\n\r\n"
+         "\r\n";
+    r += "********** Axis **********\r\n"
+         "Setting for Motor1: 1000\r\nSetting for Limit1: 1\r\n\r\n"
+         "Setting for Motor2: 2000\r\nSetting for Limit2: 2\r\n\r\n";
+    r += four ? "Setting for Motor3: 3000\r\nSetting for Limit3: 3\r\n\r\n"
+                "Setting for Motor4: 4000\r\nSetting for Limit4: 4\r\n\r\n"
+              : "\r\n\r\n";
+    r += "********** Analog Joystick **********\r\n"
+         "Deadband: 20\r\n"
+         "Primary Axis 1 Setting:  1 = 1 to 250 sps\r\n"
+         "Secondary Axis 1 Setting:  21 = 21 to 5250 sps\r\n"
+         "Primary Axis 2 Setting:  2 = 2 to 500 sps\r\n"
+         "Secondary Axis 2 Setting:  22 = 22 to 5500 sps\r\n";
+    if (four) {
+        r += "Primary Axis 3 Setting:  3 = 3 to 750 sps\r\n"
+             "Secondary Axis 3 Setting:  23 = 23 to 5750 sps\r\n"
+             "Primary Axis 4 Setting:  4 = 4 to 1000 sps\r\n"
+             "Secondary Axis 4 Setting:  24 = 24 to 6000 sps\r\n";
+    }
+    r += "\r\n";
+    r += "********** Digital Joystick **********\r\n"
+         "Primary Setting: 100\r\nSecondary Setting: 50\r\n"
+         "Primary Setting: 200\r\nSecondary Setting: 100\r\n";
+    if (four) {
+        r += "Primary Setting: 300\r\nSecondary Setting: 150\r\n"
+             "Primary Setting: 400\r\nSecondary Setting: 200\r\n";
+    }
+    r += "\r\n";
+    r += "********** Outputs **********\r\n"
+         "Pulse Width: 10\r\n"
+         "Pulse N Steps Setting: 10\r\nPulse N Steps Setting: 20\r\n";
+    if (four) {
+        r += "Pulse N Steps Setting: 30\r\nPulse N Steps Setting: 40\r\n";
+    }
+    r += "\r\n";
+    r += "********** Multifunction Inputs **********\r\n"
+         "Actual value = 7\r\n" +
+         lines({"Run button enabled: True", "Stop button (Input4) enabled: True",
+                "Input 3 Interrupt User Waits and Jump to Program 3: True",
+                "Low valid time for Input 1 and Run button = 1 Millisecond",
+                "Stop (Input4) = Decel to stop",
+                "Jump to Program 4 after Stop input (Input 4): False",
+                "Program # Select via Inputs 2 and 3 (Thumbwheel switch): False",
+                "Capture Motor Position on Input 4 trigger: False", ""});
+    r += "********** Analog Input **********\r\n"
+         "Analog Input Value: 512\r\n\r\n";
+    r += "********** User Outputs **********\r\n" +
+         lines({"Actual value = 5", "Output 1 On: True", "Output 2 On: False", "Output 3 On: True",
+                "Output 4 On: False", "Bit 5 - Not Used", "Bit 6 - Not Used", "Bit 7 - Not Used",
+                "Bit 8 - Not Used", ""});
+    r += "********** Overtravel and Backlash **********\r\n"
+         "OverTravel = Send capital letter O to host when hit Limit\r\n"
+         "BackLash = 20 steps\r\n\r\n";
+    r += "********** User Inputs **********\r\n" +
+         lines({"Actual value = 255", "Jog 1 - On: False", "Jog 1 + On: False", "Jog 2 - On: False",
+                "Jog 2 + On: False", "Input 1 On: False", "Input 2 On: False", "Input 3 On: False",
+                "Input 4 On: False", ""});
+    r += "********** Limit States **********\r\n" +
+         lines({"Actual value = 252", "Limit 1 - Activated: True", "Limit 1 + Activated: True",
+                "Limit 2 - Activated: False", "Limit 2 + Activated: False",
+                "Limit 3 - Activated: False", "Limit 3 + Activated: False",
+                "Limit 4 - Activated: False", "Limit 4 + Activated: False"});
+    return r;
+}
+
+const char* const Progress =
+    "Scanning Processor\r\nProcessor Complete\r\n"
+    "Scanning Operating Mode\r\nOperating Mode Complete\r\n"
+    "Scanning KDX Current Program\r\nKDX Current Program Complete\r\n"
+    "Scanning KDX Current Program Associate\r\nKDX Current Program Associate Complete\r\n"
+    "Scanning Program 0\r\nProgram 0 Complete\r\n"
+    "Scanning Program 1\r\nProgram 1 Complete\r\n"
+    "Scanning Program 2\r\nProgram 2 Complete\r\n"
+    "Scanning Program 3\r\nProgram 3 Complete\r\n"
+    "Scanning Program 4\r\nProgram 4 Complete\r\n"
+    "Scanning Axis\r\nAxis Complete\r\n"
+    "Scanning Analog Joystick Deadband\r\nAnalog Joystick Deadband Complete\r\n"
+    "Scanning Analog Joystick\r\nAnalog Joystick Complete\r\n"
+    "Scanning Digital Joystick\r\nDigital Joystick Complete\r\n"
+    "Scanning Output Pulse Width\r\nOutput Pulse Width Complete\r\n"
+    "Scanning Output Pulse\r\nOutput Pulse Complete\r\n"
+    "Scanning Multifunction User Inputs\r\nMultifunction User Inputs Complete\r\n"
+    "Scanning Analog Input\r\nAnalog Input Complete\r\n"
+    "Scanning User Outputs\r\nUser Outputs Complete\r\n"
+    "Scanning Overtravel\r\nOvertravel Complete\r\n"
+    "Scanning Backlash\r\nBacklash Complete\r\n"
+    "Scanning User Inputs\r\nUser Inputs Complete\r\n"
+    "Scanning Limit States\r\nLimit States Complete\r\n"
+    "Scan Complete\r\nGenerating Report";
+
+std::ptrdiff_t indexOf(const std::vector<std::string>& sent, const std::string& text) {
+    return std::find(sent.begin(), sent.end(), text) - sent.begin();
+}
+
+} // namespace
+
+TEST_F(DiagnosticFixture, CompleteDiagnosticOfAFourMotorController) {
+    FillController(true);
+    DiagnosticBoxes boxes;
+    std::string progress;
+    PointerSpy scanPointer;
+    const auto report = RunCompleteDiagnostic(
+        diagnostic, boxes, [&](const std::string& added) { progress += added; }, {}, &scanPointer);
+    EXPECT_EQ(report, expectedReport(true));
+    EXPECT_EQ(progress, Progress);
+    EXPECT_EQ(scanPointer.changes, (std::vector<bool>{true, false}));
+    // The sum of the fixed delays: every query's own, 0.1 s behind each step, 0.2 s at the end.
+    EXPECT_EQ(clock.elapsedMs(), 16000);
+    const auto s = sent();
+    EXPECT_EQ(std::count(s.begin(), s.end(), "PM\r"), 0) << "no restore unless asked";
+    EXPECT_EQ(s.back(), "?,");
+}
+
+TEST_F(DiagnosticFixture, CompleteDiagnosticOfATwoMotorControllerStillListsFourAxes) {
+    FillController(false);
+    DiagnosticBoxes boxes;
+    boxes.axis[2].text = "left from an earlier scan";
+    boxes.outputPulse[3].text = "left from an earlier scan";
+    EXPECT_EQ(RunCompleteDiagnostic(diagnostic, boxes), expectedReport(false));
+    EXPECT_EQ(boxes.axis[2].text, "");
+    EXPECT_EQ(boxes.outputPulse[3].text, "");
+}
+
+TEST_F(DiagnosticFixture, ASilentControllerGivesEveryBannerAndEmptyBodies) {
+    DiagnosticBoxes boxes;
+    boxes.axis[0].text = "left from an earlier scan";
+    const auto report = RunCompleteDiagnostic(diagnostic, boxes);
+    EXPECT_EQ(boxes.axis[0].text, "") << "emptied by the step, left so by the count of 0";
+    const char* banners[] = {"Processor",    "Operating Mode",          "Programs",
+                             "Axis",         "Analog Joystick",         "Digital Joystick",
+                             "Outputs",      "Multifunction Inputs",    "Analog Input",
+                             "User Outputs", "Overtravel and Backlash", "User Inputs",
+                             "Limit States"};
+    std::size_t at = 0;
+    for (const auto* name : banners) {
+        const auto found = report.find(std::string("********** ") + name + " **********\r\n", at);
+        ASSERT_NE(found, std::string::npos) << name;
+        at = found + 1;
+    }
+    EXPECT_EQ(report.substr(0, std::string(Head).size()), Head);
+    EXPECT_TRUE(report.ends_with(std::string("********** User Inputs **********\r\n") +
+                                 ClsKdxDiagnostic::NoInputReply + "\r\n" +
+                                 "********** Limit States **********\r\n"))
+        << "an empty limit reply leaves the last section with its banner only";
+}
+
+TEST_F(DiagnosticFixture, CurrentProgramSavedAndRestoredAroundTheListingsWhenAsked) {
+    FillController(true);
+    controller.replies["PM\r"] = "2\r";
+    DiagnosticBoxes boxes;
+    RunCompleteDiagnostic(diagnostic, boxes, {}, ScanOptions{true});
+    const auto s = sent();
+    const auto read = indexOf(s, "PM\r");
+    ASSERT_LT(read + 2, static_cast<std::ptrdiff_t>(s.size()));
+    EXPECT_EQ(s[static_cast<std::size_t>(read - 1)], "PMA,");
+    EXPECT_EQ(s[static_cast<std::size_t>(read + 2)], "PM0,lst,");
+    const auto restore = indexOf(s, ",PM2\r,");
+    ASSERT_LT(restore, static_cast<std::ptrdiff_t>(s.size()));
+    EXPECT_EQ(s[static_cast<std::size_t>(restore - 1)], "PM4,lst,");
+    EXPECT_EQ(s[static_cast<std::size_t>(restore + 3)], "getM3M,") << "before the axis step";
+    EXPECT_NE(std::find(controller.calls.begin(), controller.calls.end(), "read+clear"),
+              controller.calls.end())
+        << "the current program is read and cleared from the port";
+}
+
+TEST(DiagnosticReportFile, NamesEndInOneTxt) {
+    const struct {
+        const char* chosen;
+        const char* saved;
+    } cases[] = {{"report", "report.txt"},
+                 {"report.txt", "report.txt"},
+                 {"a.txt.b", "a.b.txt"},
+                 {"KDX Diagnostic", "KDX Diagnostic.txt"},
+                 {".txt", ".txt"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(DiagnosticReportFileName(c.chosen), c.saved) << c.chosen;
+    }
+    EXPECT_EQ(DiagnosticReportFileName(""), std::nullopt) << "nothing is saved";
+}
+
+TEST(DiagnosticReportFile, SavedBytesAreTheReportsBytes) {
+    TempFolder folder;
+    const std::string report = std::string(Head) + "\xCB"
+                                                   "B\r\nlast line";
+    const auto path = folder.file(*DiagnosticReportFileName("bench 3.txt"));
+    ASSERT_TRUE(SaveDiagnosticReport(path, report));
+    EXPECT_EQ(readWholeFile(path), report);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"bench 3.txt"});
+    EXPECT_FALSE(SaveDiagnosticReport(folder.file("missing/r.txt"), report));
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"bench 3.txt"}) << "nothing half written";
+}
