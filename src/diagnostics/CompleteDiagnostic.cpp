@@ -42,6 +42,17 @@ void RestoreCurrentProgram(QueryCycle& cycle, const std::string& kept) {
     cycle.driver().SendCommandsToPort(kdx::SelectProgramAsRead(kept));
 }
 
+void RefreshProgramsPanel(ClsKdxDiagnostic& diagnostic, const ProgramsPanelTargets& targets) {
+    auto& cycle = diagnostic.cycle();
+    const auto kept = ReadCurrentProgramAsIs(cycle);
+    diagnostic.GetCurrentProgram(targets.current);
+    diagnostic.GetCurrentProgramAssociate(targets.associate);
+    for (int n = 0; n <= 4; ++n) {
+        diagnostic.GetProgram(n, targets.program[static_cast<std::size_t>(n)]);
+    }
+    RestoreCurrentProgram(cycle, kept);
+}
+
 std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& b,
                                   const ScanProgress& progress, ScanOptions options,
                                   BusyPointer* pointer) {

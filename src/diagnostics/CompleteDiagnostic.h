@@ -47,6 +47,15 @@ std::string ReadCurrentProgramAsIs(QueryCycle& cycle);
 // Selects again the program read by ReadCurrentProgramAsIs.
 void RestoreCurrentProgram(QueryCycle& cycle, const std::string& kept);
 
+// The Programs panel's refresh: the current program read as it is, the current program and its
+// associate, the five listings, then the program that was current selected again.
+struct ProgramsPanelTargets {
+    TextTarget* current = nullptr;
+    TextTarget* associate = nullptr;
+    std::array<TextTarget*, 5> program{};
+};
+void RefreshProgramsPanel(ClsKdxDiagnostic& diagnostic, const ProgramsPanelTargets& targets);
+
 // The file a chosen report name is saved as: every ".txt" taken out, one put at the end; no
 // file at all for an empty name.
 std::optional<std::string> DiagnosticReportFileName(const std::string& chosen);

@@ -229,3 +229,25 @@ TEST(DiagnosticReportFile, SavedBytesAreTheReportsBytes) {
     EXPECT_FALSE(SaveDiagnosticReport(folder.file("missing/r.txt"), report));
     EXPECT_EQ(folder.names(), std::vector<std::string>{"bench 3.txt"}) << "nothing half written";
 }
+
+TEST_F(DiagnosticFixture, ProgramsPanelReturnsToTheProgramThatWasCurrent) {
+    FillController(true);
+    controller.replies["PM\r"] = "3\r";
+    TextBox current;
+    TextBox associate;
+    std::array<TextBox, 5> programs;
+    RefreshProgramsPanel(diagnostic,
+                         {&current,
+                          &associate,
+                          {&programs[0], &programs[1], &programs[2], &programs[3], &programs[4]}});
+    EXPECT_EQ(current.text, "Current Program: 0\r\n");
+    EXPECT_EQ(associate.text, "Current Program Associate: 4\r\n");
+    EXPECT_EQ(programs[1].text, "C,;MC\r\nS1M1,\t\t;MS1M1\r\nR,\t\t;MR\r\n");
+    EXPECT_EQ(sent(),
+              (std::vector<std::string>{"PM\r", "K,Q,F", "PM,", "K,Q,F", "PMA,", "K,Q,F",
+                                        "PM0,lst,", "K,Q,F", "PM1,lst,", "K,Q,F", "PM2,lst,",
+                                        "K,Q,F", "PM3,lst,", "K,Q,F", "PM4,lst,", ",PM3\r,"}));
+    EXPECT_EQ(controller.calls.front(), "clear");
+    EXPECT_EQ(controller.calls[2], "read+clear") << "read 0.1 s after the send, then cleared";
+    EXPECT_EQ(controller.sends[1].second, 100);
+}
