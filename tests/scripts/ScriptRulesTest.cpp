@@ -24,6 +24,11 @@ TEST(TerminalSend, TheSendingTable) {
         {"C,setI7,rsm,", "C,setI7,rsm\r", {}},
         {"C,\r\nsetI7,\r\nrsm\r\n", "C,\r\nsetI7,\r\nrsm\r", {}},
         {"", "\r", {}},
+        {"getD0,\t", "getD0,\r", {}},
+        {"C,I1M400,R,\r\n", "C,I1M400,R", {}},
+        {"R\r\nR\r\n", "RR", {}},
+        {"C,setI7,rsm\r\nQ", "C,setI7,rsmQ\r", {A::BringOffline}},
+        {"C,setI7,rsm ;Go", "C,setI7,rsm ;Go\r", {A::BringOnline}},
     };
     for (const auto& c : cases) {
         const auto plan = PlanTerminalSend(c.typed);
