@@ -1,0 +1,203 @@
+// Both libraries from the Driver folder, talking through a real pseudo-terminal to the virtual
+// controller: what the program relies on from the driver, end to end.
+#include "link/ClsDriverKdx.h"
+#include "link/ClsKdxCommands.h"
+#include "link/Mailbox.h"
+#include "link/PortMap.h"
+#include "sim/PtyHost.h"
+
+#include "core/ui/QtWaitContext.h"
+#include "support/TempFolder.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+using namespace korval;
+using namespace std::chrono;
+
+namespace {
+
+struct SimLink : ::testing::Test {
+    QtWaitContext wait;
+    ClsTimeDelay delay{wait};
+    ClsDriverKdx kdx{delay};
+    Mailbox mailbox;
+    std::unique_ptr<sim::PtyHost> host;
+
+    void SetUp() override {
+        ASSERT_NE(kdx.LoadDriver(std::string(KORVAL_DRIVER_DIR) + "/Tavrin KDX Serial Driver.so"),
+                  0);
+        kdx.EscapeDriverFunctionFalse(); // the library outlives each test: start clean
+    }
+    void TearDown() override {
+        kdx.PortClose();
+        host.reset();
+    }
+    void startSim(const std::string& options = "") {
+        sim::SimOptions o;
+        std::string error;
+        ASSERT_TRUE(sim::ParseSimOptions(options, o, error)) << error;
+        host = std::make_unique<sim::PtyHost>(o);
+        ASSERT_TRUE(host->start(error)) << error;
+    }
+    void online(int baud = 9600) {
+        ASSERT_EQ(kdx.PortOpenByName(host->device(), baud), 1);
+        kdx.BringOnline();
+    }
+    std::string query(const std::string& text) {
+        kdx.ClearPortChars();
+        kdx.SendCommandsToPort(text);
+        delay.TimeDelay(0.15);
+        return kdx.ReadReplyAndClearPort();
+    }
+};
+
+} // namespace
+
+TEST_F(SimLink, BothLibrariesBringTheControllerOnLine) {
+    ClsKdxCommands commands;
+    ASSERT_NE(commands.LoadDll(std::string(KORVAL_DRIVER_DIR) + "/Tavrin KDX Commands.so"), 0);
+    startSim();
+    online();
+    EXPECT_EQ(kdx.LastStatus, "ONLINEREADY");
+    EXPECT_EQ(query("getD0,"), "1.22\r");
+    EXPECT_EQ(commands.AutoFormatCommands("F", 1), "F,;KDX Online with Echo Off\r");
+}
+
+TEST_F(SimLink, AtAnotherBaudRateNothingAnswers) {
+    startSim();
+    ASSERT_EQ(kdx.PortOpenByName(host->device(), 19200), 1);
+    EXPECT_EQ(kdx.VerifyStatus(), "ERRORCOMMUNICATIONS");
+    EXPECT_EQ(query("getD0,"), "");
+}
+
+TEST_F(SimLink, TheScanFindsTheControllerAt19200OnPort7Of16) {
+    TempFolder ports;
+    qputenv("KORVAL_PORTS", QByteArray::fromStdString(ports.path()));
+    const PortMap map(ports.path());
+    startSim("baud=19200");
+    for (int n = 1; n <= 16; ++n) {
+        map.registerPort(n, n == 7 ? host->device() : "/nonexistent/tty" + std::to_string(n));
+    }
+    std::vector<std::string> progress;
+    auto& box = mailbox.addBox(Mailbox::Mode::Replace,
+                               [&](const std::string& t) { progress.push_back(t); });
+    kdx.SetAbortStatus(0);
+    EXPECT_TRUE(kdx.DetectKdx(16, box.sink()));
+    mailbox.drain();
+    EXPECT_EQ(kdx.GetPort(), 7);
+    EXPECT_EQ(kdx.GetBaud(), 19200);
+    EXPECT_TRUE(kdx.IsSerialPortOpen()) << "the port found is left open";
+    ASSERT_FALSE(progress.empty());
+    EXPECT_EQ(progress.back(), "Found KDX on Com7 at 19200 baud");
+    EXPECT_NE(std::find(progress.begin(), progress.end(), "Com7 at 9600 baud..."), progress.end());
+    qunsetenv("KORVAL_PORTS");
+}
+
+TEST_F(SimLink, EachStatusWordAsTheControllerReportsIt) {
+    startSim();
+    online();
+    kdx.SendCommandsToPort("C,S1M1000,I1M5000,R");
+    delay.TimeDelay(0.2);
+    EXPECT_EQ(kdx.VerifyStatus(), "BUSY");
+    kdx.KillProgram();
+    EXPECT_EQ(kdx.LastStatus, "ONLINEREADY");
+    kdx.BringOffline();
+    EXPECT_EQ(kdx.LastStatus, "OFFLINEREADY");
+    kdx.BringOnline();
+    const struct {
+        char code;
+        const char* word;
+    } errors[] = {{'B', "ERRORBUSS"},
+                  {'F', "ERRORFLASHROM"},
+                  {'E', "ERROREEPROM"},
+                  {'U', "ERRORBUFFEROVERFLOW"},
+                  {'M', "ERRORMEMORYFULL"},
+                  {'N', "ERRORNESTEDLOOP"},
+                  {'J', "ERRORJUMPANDRETURN"},
+                  {'C', "ERRORCONTINUOUSINDEX"},
+                  {'I', "ERRORINVALIDMOTORNUMBER"},
+                  {'S', "ERRORSTOPBUTTON"}};
+    for (const auto& e : errors) {
+        host->withChain([&](sim::KdxChain& chain) { chain.injectError(e.code); });
+        EXPECT_EQ(kdx.VerifyStatus(), e.word) << e.code;
+        kdx.KillProgram(); // clears the error
+        EXPECT_EQ(kdx.LastStatus, "ONLINEREADY") << e.code;
+    }
+}
+
+TEST_F(SimLink, StoringSettingsEndsWithTheCaret) {
+    startSim();
+    online();
+    kdx.ClearPortChars();
+    kdx.SendCommandsToPort("C,setI7,rsm");
+    const auto start = steady_clock::now();
+    EXPECT_EQ(kdx.Table().WaitForChar(const_cast<char*>("^"), 10000), 1);
+    EXPECT_LT(steady_clock::now() - start, milliseconds(500));
+    EXPECT_EQ(query("getI,"), "7\r");
+}
+
+TEST_F(SimLink, RunningAndWaitingLastsAsLongAsTheMove) {
+    startSim();
+    online();
+    kdx.SendCommandsToPort("C,S1M4000,I1M2000,");
+    delay.TimeDelay(0.1);
+    const auto start = steady_clock::now();
+    EXPECT_EQ(kdx.RunKdxProgramAndWaitForFinish(5), 1);
+    EXPECT_GE(steady_clock::now() - start, milliseconds(450)) << "2000 steps at 4000 a second";
+    EXPECT_EQ(kdx.GetCurrentMotorPosition(1), "2000");
+    EXPECT_EQ(kdx.LastStatus, "ONLINEREADY");
+}
+
+TEST_F(SimLink, AJogStreamsItsPositionUntilItIsStopped) {
+    startSim();
+    online();
+    std::vector<long> positions;
+    auto& target = mailbox.addBox(Mailbox::Mode::Replace, [&](const std::string& t) {
+        positions.push_back(std::atol(t.c_str()));
+    });
+    kdx.Table().JogPositive(1, 3000, target.sink());
+    delay.TimeDelay(0.8);
+    EXPECT_EQ(kdx.VerifyStatus(), "JOGGING");
+    kdx.StopProgram();
+    delay.TimeDelay(0.5);
+    mailbox.drain();
+    ASSERT_GE(positions.size(), 3u);
+    EXPECT_TRUE(std::is_sorted(positions.begin(), positions.end()));
+    EXPECT_GT(positions.back(), 1000);
+    const auto stoppedAt = kdx.GetCurrentMotorPosition(1);
+    delay.TimeDelay(0.3);
+    EXPECT_EQ(kdx.GetCurrentMotorPosition(1), stoppedAt) << "the jog has ended";
+    EXPECT_EQ(kdx.VerifyStatus(), "ONLINEREADY");
+}
+
+TEST_F(SimLink, EveryArrangementGivesItsMotorCounts) {
+    const struct {
+        const char* options;
+        int actual;
+        int possible;
+    } cases[] = {
+        {"arrangement=1", 1, 2},
+        {"arrangement=2", 2, 2},
+        {"arrangement=2+1", 3, 4},
+        {"arrangement=2+2", 4, 4},
+        {"arrangement=1+1", 11, 4},
+        {"arrangement=1+2", -3, 4},
+        {"arrangement=2,silent=2", 0, 2},
+        {"arrangement=2+1,silent=2", 101, 4},
+        {"arrangement=2+2,silent=2", 102, 4},
+        {"arrangement=1+2,silent=4", 103, 4},
+        {"arrangement=2+2,silent=4", 104, 4},
+        {"arrangement=2+2,silent=24", 105, 4},
+        {"arrangement=2,silent=1", 64, 2},
+    };
+    for (const auto& c : cases) {
+        startSim(c.options);
+        online();
+        EXPECT_EQ(kdx.Table().ActualNumOfMotors(), c.actual) << c.options;
+        EXPECT_EQ(kdx.Table().PossibleNumOfMotors(), c.possible) << c.options;
+        kdx.PortClose();
+        host.reset();
+    }
+}
