@@ -17,8 +17,9 @@ std::string QueryCycle::Ask(std::string_view query, double wait) {
 }
 
 std::string QueryCycle::AskAfterPause(std::string_view query) {
-    driver_.ClearPortChars();
+    // Cleared after the pause, so that whatever straggles in during it is not read as the reply.
     delay_.TimeDelay(ReplyDelay);
+    driver_.ClearPortChars();
     driver_.SendCommandsToPort(std::string(query));
     delay_.TimeDelay(ReplyDelay);
     return driver_.ReadReplyFromPort();
