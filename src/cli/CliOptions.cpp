@@ -89,6 +89,7 @@ ParseResult parseCommandLine(const std::vector<std::string>& argv) {
                 return {std::nullopt, "--baud must be 9600, 19200 or 38400"};
             }
             o.baud = std::stoi(*v);
+            o.baudGiven = true;
         } else if (a.starts_with("-")) {
             return {std::nullopt, "unknown option " + a};
         } else if (findCommand(a) == nullptr) {

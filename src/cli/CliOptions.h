@@ -9,6 +9,7 @@ namespace korval::cli {
 struct CliOptions {
     std::string port = "1"; // a port number, "Com3", or a device path
     int baud = 9600;
+    bool baudGiven = false;
     std::optional<std::string> sim; // --sim[=OPTIONS]: the in-process controller's options
     std::string command;
     std::vector<std::string> args;

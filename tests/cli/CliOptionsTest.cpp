@@ -1,0 +1,45 @@
+#include "cli/CliOptions.h"
+
+#include <gtest/gtest.h>
+
+using namespace korval::cli;
+
+TEST(CliOptions, ReadsPortsBaudsSimulatorsAndCommands) {
+    const auto p = parseCommandLine(
+        {"--port", "/dev/pts/3", "--baud=19200", "--sim=arrangement=2+2", "info", "axis"});
+    ASSERT_TRUE(p.options) << p.error;
+    EXPECT_EQ(p.options->port, "/dev/pts/3");
+    EXPECT_EQ(p.options->baud, 19200);
+    EXPECT_TRUE(p.options->baudGiven);
+    EXPECT_EQ(p.options->sim, "arrangement=2+2");
+    EXPECT_EQ(p.options->command, "info");
+    EXPECT_EQ(p.options->args, std::vector<std::string>{"axis"});
+
+    const auto plain = parseCommandLine({"--sim", "diag", "--output", "x"});
+    ASSERT_TRUE(plain.options);
+    EXPECT_EQ(plain.options->sim, "");
+    EXPECT_EQ(plain.options->port, "1");
+    EXPECT_FALSE(plain.options->baudGiven);
+    EXPECT_EQ(plain.options->args, (std::vector<std::string>{"--output", "x"}));
+}
+
+TEST(CliOptions, UsageErrorsSayWhatIsWrong) {
+    const struct {
+        std::vector<std::string> args;
+        const char* error;
+    } cases[] = {
+        {{}, "no command given (korval-cli --help lists them)"},
+        {{"fly"}, "unknown command fly (korval-cli --help lists them)"},
+        {{"--baud", "1200", "status"}, "--baud must be 9600, 19200 or 38400"},
+        {{"--port"}, "--port needs a port number or a device"},
+        {{"--verbose", "status"}, "unknown option --verbose"},
+    };
+    for (const auto& c : cases) {
+        const auto p = parseCommandLine(c.args);
+        EXPECT_FALSE(p.options);
+        EXPECT_EQ(p.error, c.error);
+    }
+    EXPECT_TRUE(parseCommandLine({"diag", "--help"}).options->help);
+    EXPECT_NE(commandHelp("diag").find("diag [--output FILE]"), std::string::npos);
+    EXPECT_EQ(commandHelp("fly"), "");
+}
