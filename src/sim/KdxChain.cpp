@@ -110,7 +110,7 @@ std::string KdxChain::takeOutput() {
     return out;
 }
 
-void KdxChain::emit(const std::string& text) {
+void KdxChain::say(const std::string& text) {
     // A full transmit buffer loses what does not fit, as a real one would.
     if (out_.size() + text.size() <= MaxOutput) {
         out_ += text;
@@ -150,7 +150,7 @@ void KdxChain::handleChar(char c) {
     const bool privateByte = priv_ || c == '#' || (separator && privTail_);
     privTail_ = false;
     if ((echo_ || (c == 'E' && buf_.empty())) && !privateByte) {
-        emit(std::string(1, c));
+        say(std::string(1, c));
     }
     if (inComment_) {
         if (c == '\r' || c == '\n') {
@@ -214,7 +214,7 @@ void KdxChain::finishItem() {
 }
 
 void KdxChain::reply(const std::string& text, bool priv) {
-    emit(priv ? "{" + text + "}" : text);
+    say(priv ? "{" + text + "}" : text);
 }
 
 // ---- immediate commands and queries ------------------------------------------------------
@@ -466,7 +466,7 @@ void KdxChain::item(const std::string& text, bool priv) {
         }
         break;
     case 2:
-        emit(std::string(1, Lead) + "M");
+        say(std::string(1, Lead) + "M");
         break;
     case 3:
         raise('I');
@@ -674,7 +674,7 @@ void KdxChain::raise(char code) {
     // them apart.
     const char stream = code == 'N' || code == 'I' ? 'M' : code;
     if (error_ == 0) {
-        emit(std::string(1, Lead) + stream); // once: the status holds it until K
+        say(std::string(1, Lead) + stream); // once: the status holds it until K
         error_ = code;
     }
     run_ = Run{};
@@ -711,7 +711,7 @@ void KdxChain::decelStop() {
         }
     }
     if (wasRunning) {
-        emit("^");
+        say("^");
     }
 }
 
@@ -722,7 +722,7 @@ void KdxChain::startRun(int program) {
         return;
     }
     if (programs_[program].empty()) {
-        emit("^");
+        say("^");
         return;
     }
     run_ = Run{};
@@ -734,7 +734,7 @@ void KdxChain::startRun(int program) {
 
 void KdxChain::endRun() {
     run_ = Run{};
-    emit("^");
+    say("^");
 }
 
 void KdxChain::stepRun() {
@@ -950,7 +950,7 @@ void KdxChain::tick(double dt) {
             m.moving = false;
             m.jogging = false;
             if (!expected && (options_.overTravel & 1)) {
-                emit("O");
+                say("O");
             }
             if (!expected && (options_.overTravel & 2) && run_.active) {
                 endRun();
@@ -1062,7 +1062,7 @@ void KdxChain::pressStopButton() {
         }
     }
     run_ = Run{};
-    emit(std::string(1, Lead) + "S");
+    say(std::string(1, Lead) + "S");
     if (error_ == 0) {
         error_ = 'S';
     }

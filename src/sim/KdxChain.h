@@ -118,7 +118,7 @@ private:
     void jog(const std::string& text);
     std::string listing(int program) const;
     void reply(const std::string& text, bool priv);
-    void emit(const std::string& text);
+    void say(const std::string& text);
     void raise(char code);
     void startRun(int program);
     void stepRun();

@@ -1,0 +1,78 @@
+// The program as a user starts it, with the virtual controller on Com1.
+#include "AppFixture.h"
+
+#include "core/ui/MdiKorval.h"
+#include "link/PortMap.h"
+#include "link/ui/FrmKdxToolSetPort.h"
+#include "sim/PtyHost.h"
+
+#include <QCheckBox>
+#include <QLabel>
+
+using namespace korval;
+using namespace korval::test;
+
+namespace {
+
+struct EndToEnd : AppFixture {
+    std::unique_ptr<sim::PtyHost> controller;
+
+    void SetUp() override {
+        AppFixture::SetUp();
+        controller = std::make_unique<sim::PtyHost>();
+        std::string error;
+        ASSERT_TRUE(controller->start(error)) << error;
+        PortMap(folder.file("ports")).registerPort(1, controller->device());
+        withDriverFolder();
+        withConfig();
+    }
+    void TearDown() override {
+        AppFixture::TearDown();
+        controller.reset();
+    }
+    QString caption() const { return app->mdi->LblStatusKdx()->text(); }
+};
+
+} // namespace
+
+TEST_F(EndToEnd, StartUpReachesTheControllerAndThePanelFollowsIt) {
+    ASSERT_TRUE(start());
+    app->delay.TimeDelay(0.3);
+    EXPECT_EQ(caption(), "ONLINEREADY");
+    EXPECT_TRUE(app->mdi->PicKdxPower()->lit());
+    EXPECT_TRUE(app->mdi->PicKdxOnline()->lit());
+    EXPECT_EQ(app->mdi->findChild<QLabel*>("LblStatusPort")->text(), "Port Status: Open");
+
+    app->mdi->PicLocalButton_MouseDown();
+    EXPECT_EQ(caption(), "OFFLINEREADY");
+    EXPECT_FALSE(app->mdi->PicKdxOnline()->lit());
+    app->mdi->PicOnlineButton_MouseDown();
+    EXPECT_EQ(caption(), "ONLINEREADY");
+
+    // A program runs: the panel shows it busy, and ready again when it ends.
+    app->kdx.SendCommandsToPort("C,S1M2000,I1M1000,");
+    app->delay.TimeDelay(0.1);
+    app->mdi->PicRunButton_MouseDown();
+    EXPECT_EQ(caption(), "BUSY");
+    app->delay.TimeDelay(1.5);
+    EXPECT_EQ(caption(), "ONLINEREADY") << "the end of the run is reported";
+
+    // The controller goes silent: no contact, and the program stays usable.
+    controller->withChain([](sim::KdxChain& chain) { chain.setSilent(true); });
+    app->delay.TimeDelay(1.5);
+    EXPECT_EQ(caption(), "ERRORCOMMUNICATIONS");
+    EXPECT_FALSE(app->mdi->PicKdxPower()->lit());
+    controller->withChain([](sim::KdxChain& chain) { chain.setSilent(false); });
+    app->mdi->PicStatusButton_MouseDown();
+    EXPECT_EQ(caption(), "ONLINEREADY");
+}
+
+TEST_F(EndToEnd, AutoDetectFindsTheControllerAndOpensItsPort) {
+    ASSERT_TRUE(start());
+    app->setPort->ChkPortOpen()->setChecked(false);
+    EXPECT_EQ(app->mdi->findChild<QLabel*>("LblStatusPort")->text(), "Port Status: Closed");
+    app->mdi->Menu("MnuToolsAutoDetect")->trigger();
+    EXPECT_TRUE(app->setPort->ChkPortOpen()->isChecked());
+    EXPECT_EQ(app->mdi->findChild<QLabel*>("LblPortCurrent")->text(), "Port: Com1, Baud: 9600");
+    EXPECT_EQ(caption(), "ONLINEREADY");
+}
