@@ -365,12 +365,14 @@ bool KdxDriver::waitUntil(const std::function<bool()>& ready,
 }
 
 bool KdxDriver::lockExchange() {
-    // The poller may hold the line for one exchange; meanwhile the host's events keep running.
-    while (!exchange_.try_lock_for(2ms)) {
+    // The poller may hold the line for one exchange. No events run meanwhile: an event handler
+    // that asked the controller in turn would wait on this very exchange.
+    while (!exchange_.try_lock()) {
         if (escape_ || !open_) {
             return false;
         }
-        pump();
+        std::unique_lock lock(mutex_);
+        changed_.wait_for(lock, 2ms);
     }
     return true;
 }
@@ -389,21 +391,21 @@ std::optional<std::string> KdxDriver::transact(const std::string& item, Clock::d
     send("#" + item);
     std::optional<std::string> frame;
     ++activeCalls_;
+    // A frame comes within a fraction of a second; the host's events wait that long, so no
+    // handler can start a second exchange inside this one.
     while (!escape_ && open_) {
-        {
-            std::unique_lock lock(mutex_);
-            if (!frames_.empty()) {
-                frame = std::move(frames_.front());
-                frames_.pop_front();
-                break;
-            }
-            const auto quietSince = std::max(sent, lastByte_);
-            const auto now = Clock::now();
-            if (now - quietSince >= silence || now - sent >= cap) {
-                break;
-            }
+        std::unique_lock lock(mutex_);
+        if (!frames_.empty()) {
+            frame = std::move(frames_.front());
+            frames_.pop_front();
+            break;
         }
-        pump();
+        const auto quietSince = std::max(sent, lastByte_);
+        const auto now = Clock::now();
+        if (now - quietSince >= silence || now - sent >= cap) {
+            break;
+        }
+        changed_.wait_for(lock, 2ms);
     }
     --activeCalls_;
     return frame;

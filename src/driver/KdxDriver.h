@@ -111,7 +111,7 @@ private:
     int jogMotor_ = 0;
     KdxSink jogTarget_{};
 
-    std::timed_mutex exchange_; // one private exchange at a time
+    std::mutex exchange_; // one private exchange at a time
     std::atomic<bool> escape_{false};
     std::atomic<int> activeCalls_{0};
 
