@@ -1,5 +1,6 @@
 #include "core/MainWindowRules.h"
 #include "core/AdminSettings.h"
+#include "core/ClsFormControl.h"
 #include "core/MenuTree.h"
 
 #include <gtest/gtest.h>
@@ -54,5 +55,30 @@ TEST(AdminSettings, ThePasswordIsComparedInUpperCase) {
                  {"", false},      {"MARIGO ", false}, {"MARIG", false}};
     for (const auto& c : cases) {
         EXPECT_EQ(AdminPasswordAccepted(c.answer), c.accepted) << c.answer;
+    }
+}
+
+TEST(TextBoxKeyPress, KeysApplyAtTheCaretOrOverTheSelection) {
+    const struct {
+        TextBoxState before;
+        int key;
+        const char* text;
+        int caret;
+    } cases[] = {
+        {{"200", 1, 0}, '5', "2500", 2},
+        {{"200", 3, 0}, '5', "2005", 4},
+        {{"200", 0, 0}, ClsFormControl::Backspace, "200", 0},
+        {{"200", 2, 0}, ClsFormControl::Backspace, "20", 1},
+        {{"2000", 1, 2}, ClsFormControl::Backspace, "20", 1},
+        {{"2000", 1, 2}, '7', "270", 2},
+        {{"2000", 1, 2}, 37, "2000", 1},
+        {{"2000", 2, 0}, ClsFormControl::Enter, "2000", 2},
+        {{"", 0, 0}, '1', "1", 1},
+        {{"12", 9, 5}, '3', "123", 3}, // a caret past the end types at the end
+    };
+    for (const auto& c : cases) {
+        const auto after = ClsFormControl::TextBoxKeyPress(c.before, c.key);
+        EXPECT_EQ(after.text, c.text) << c.before.text << " key " << c.key;
+        EXPECT_EQ(after.selStart, c.caret) << c.before.text << " key " << c.key;
     }
 }
