@@ -95,6 +95,27 @@ TEST_F(SimLink, TheScanFindsTheControllerAt19200OnPort7Of16) {
     qunsetenv("KORVAL_PORTS");
 }
 
+TEST_F(SimLink, AnAbortedScanStopsAtOnce) {
+    TempFolder ports;
+    qputenv("KORVAL_PORTS", QByteArray::fromStdString(ports.path()));
+    startSim();
+    const PortMap map(ports.path());
+    for (int n = 1; n <= 16; ++n) {
+        map.registerPort(n, n == 16 ? host->device() : "/nonexistent/tty" + std::to_string(n));
+    }
+    std::vector<std::string> progress;
+    auto& box = mailbox.addBox(Mailbox::Mode::Replace,
+                               [&](const std::string& t) { progress.push_back(t); });
+    kdx.SetAbortStatus(1); // the abort button, pressed while the scan shows its progress
+    EXPECT_FALSE(kdx.DetectKdx(16, box.sink()));
+    mailbox.drain();
+    EXPECT_EQ(progress, std::vector<std::string>{"Scan aborted"});
+    kdx.SetAbortStatus(0);
+    EXPECT_TRUE(kdx.DetectKdx(16, box.sink()));
+    EXPECT_EQ(kdx.GetPort(), 16);
+    qunsetenv("KORVAL_PORTS");
+}
+
 TEST_F(SimLink, EachStatusWordAsTheControllerReportsIt) {
     startSim();
     online();
