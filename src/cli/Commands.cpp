@@ -134,10 +134,7 @@ int info(Run& r) {
         return fail(r.err, "info takes one subject (korval-cli info --help lists them)", ExitUsage);
     }
     auto& session = r.session;
-    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(),
-                                [&session](const std::string& text, int flag) {
-                                    return session.commands().AutoFormatCommands(text, flag);
-                                });
+    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter());
     const auto& subject = r.options.args[0];
     std::string text;
     const auto axes = [&](auto method) {
@@ -216,10 +213,7 @@ int diag(Run& r) {
         }
     }
     auto& session = r.session;
-    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(),
-                                [&session](const std::string& text, int flag) {
-                                    return session.commands().AutoFormatCommands(text, flag);
-                                });
+    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter());
     DiagnosticBoxes boxes;
     // A diagnostic leaves the controller's current program as it found it.
     const auto report = RunCompleteDiagnostic(

@@ -4,6 +4,8 @@
 // writes its text to the display target when there is one, and returns it.
 #include "QueryCycle.h"
 
+#include "link/ClsKdxCommands.h"
+
 #include <array>
 #include <functional>
 #include <string>
@@ -32,7 +34,7 @@ public:
 };
 
 // The commands formatter (text, comment flag), as the commands library lays out a listing.
-using CommandsFormatter = std::function<std::string(const std::string& text, int flag)>;
+using CommandsFormatter = Formatter;
 
 // Display targets of motors 1 to 4; any of them may be absent.
 using AxisTargets = std::array<TextTarget*, 4>;

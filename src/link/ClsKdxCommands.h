@@ -1,9 +1,13 @@
 #pragma once
 // Holds the commands library and lays out command text through it.
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace korval {
+
+// The commands formatter as the rules take it: text and comment flag in, laid-out text out.
+using Formatter = std::function<std::string(const std::string& text, int flag)>;
 
 class ClsKdxCommands {
 public:
@@ -16,6 +20,10 @@ public:
     std::intptr_t UnLoadDll();
     // Mode 0: without comments, 1: with; any other mode gives an empty text without a call.
     std::string AutoFormatCommands(const std::string& text, std::int32_t mode);
+    // AutoFormatCommands for the rules that lay out text.
+    Formatter AsFormatter() {
+        return [this](const std::string& text, int flag) { return AutoFormatCommands(text, flag); };
+    }
 
 private:
     void* library_ = nullptr;

@@ -1,14 +1,12 @@
 #pragma once
 // What the script editor and the File menu do to script text between the file, the formatter,
 // the editor and the controller.
-#include <functional>
+#include "link/ClsKdxCommands.h"
+
 #include <optional>
 #include <string>
 
 namespace korval {
-
-// The commands formatter: text and comment flag in, laid-out text (CR line ends) out.
-using Formatter = std::function<std::string(const std::string& text, int flag)>;
 
 // Formatter output as the editor shows it: CR LF line ends, two tabs after every comma.
 std::string ForEditor(const std::string& formatted);

@@ -1,4 +1,5 @@
 #include "FrmKdxAdmin.h"
+#include "core/ui/Latin1.h"
 
 #include "KorvalApp.h"
 #include "MdiKorval.h"
@@ -21,19 +22,15 @@ FrmKdxAdmin::FrmKdxAdmin() : FormBase("FrmKdxAdmin", "Administrator Settings") {
     auto* grid = new QGridLayout(frame);
     int row = 0;
     for (const auto& check : AdminChecks()) {
-        auto* box = new QCheckBox(
-            QString::fromLatin1(check.caption.data(), static_cast<qsizetype>(check.caption.size())),
-            frame);
-        box->setObjectName(
-            QString::fromLatin1(check.box.data(), static_cast<qsizetype>(check.box.size())));
+        auto* box = new QCheckBox(Latin1(check.caption), frame);
+        box->setObjectName(Latin1(check.box));
         grid->addWidget(box, row % 7, row / 7);
         ++row;
         const auto menus = check.menus;
         // Restoring the settings runs this too: that is how the hiding survives a restart.
         connect(box, &QCheckBox::toggled, this, [menus](bool checked) {
             for (const auto menu : menus) {
-                if (auto* action = App().mdi->Menu(
-                        QString::fromLatin1(menu.data(), static_cast<qsizetype>(menu.size())))) {
+                if (auto* action = App().mdi->Menu(Latin1(menu))) {
                     action->setVisible(!checked);
                 }
             }

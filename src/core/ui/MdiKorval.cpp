@@ -1,4 +1,5 @@
 #include "MdiKorval.h"
+#include "core/ui/Latin1.h"
 
 #include "FrmDriverDebug.h"
 #include "FrmKdxAdmin.h"
@@ -57,10 +58,6 @@ const ToolButton PanelButtons[] = {
     {"PicStopButton", Symbol::Stop, "Stop KDX Program", ""},
     {"PicRunButton", Symbol::Run, "Run Current KDX Program", ""},
 };
-
-QString q(const std::string& s) {
-    return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 } // namespace
 
@@ -140,11 +137,9 @@ void MdiKorval::buildMenus() {
                            [&](const MenuEntry& e) { return e.parent == name; });
     };
     for (const auto& e : tree) {
-        const auto name = QString::fromLatin1(e.name.data(), static_cast<qsizetype>(e.name.size()));
-        const auto caption =
-            QString::fromLatin1(e.caption.data(), static_cast<qsizetype>(e.caption.size()));
-        const auto parentName =
-            QString::fromLatin1(e.parent.data(), static_cast<qsizetype>(e.parent.size()));
+        const auto name = Latin1(e.name);
+        const auto caption = Latin1(e.caption);
+        const auto parentName = Latin1(e.parent);
         QMenu* parent = menus.value(parentName);
         QAction* action = nullptr;
         if (hasChildren(e.name)) {
@@ -262,8 +257,7 @@ void MdiKorval::SetHandler(const QString& menu, std::function<void()> handler) {
 void MdiKorval::wireHandlers() {
     // Every leaf starts disabled; the entries whose windows exist are switched on here.
     for (const auto& e : MenuTree()) {
-        auto* action = actions_.value(
-            QString::fromLatin1(e.name.data(), static_cast<qsizetype>(e.name.size())));
+        auto* action = actions_.value(Latin1(e.name));
         if (action != nullptr && action->menu() == nullptr && !action->isSeparator()) {
             action->setEnabled(false);
         }
@@ -340,11 +334,11 @@ void MdiKorval::openHelp(const std::string& folder, const std::string& filter,
 }
 
 std::string MdiKorval::Caption() const {
-    return lblStatusKdx_->text().toLatin1().toStdString();
+    return Latin1(lblStatusKdx_->text());
 }
 
 void MdiKorval::SetCaption(const std::string& text) {
-    lblStatusKdx_->setText(q(text));
+    lblStatusKdx_->setText(Latin1(text));
     lblStatusKdx_->repaint();
 }
 
@@ -356,7 +350,7 @@ void MdiKorval::SetLamps(bool powerLit, bool onlineLit) {
 }
 
 void MdiKorval::PortChanged(const std::string& port, const std::string& baud) {
-    lblPortCurrent_->setText(q(PortCurrentText(port, baud)));
+    lblPortCurrent_->setText(Latin1(PortCurrentText(port, baud)));
     lblPortCurrent_->repaint();
 }
 
@@ -364,7 +358,7 @@ void MdiKorval::PortOpenOrClosed(const std::string& state) {
     QPalette palette = lblStatusPort_->palette();
     palette.setColor(QPalette::WindowText, state == "Closed" ? QColor(255, 0, 0) : QColor(0, 0, 0));
     lblStatusPort_->setPalette(palette);
-    lblStatusPort_->setText(q("Port Status: " + state));
+    lblStatusPort_->setText(Latin1("Port Status: " + state));
     lblStatusPort_->repaint();
 }
 

@@ -1,5 +1,7 @@
 #include "QtPrompts.h"
 
+#include "Latin1.h"
+
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -11,7 +13,7 @@ namespace {
 
 QString q(const std::string& s) {
     // Texts of the program use CR LF; a dialog wants plain line feeds.
-    return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size())).replace("\r\n", "\n");
+    return Latin1(s).replace("\r\n", "\n");
 }
 
 std::optional<std::string> chosen(const QString& path, bool accepted) {

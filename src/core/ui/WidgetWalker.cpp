@@ -1,6 +1,7 @@
 #include "WidgetWalker.h"
 
 #include "FormBase.h"
+#include "Latin1.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -14,20 +15,13 @@ namespace korval {
 
 namespace {
 
-std::string text(const QString& s) {
-    return s.toLatin1().toStdString();
-}
-QString qtext(const std::string& s) {
-    return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size()));
-}
-
 // Each kind reads and writes its value as the settings file keeps it; setting it goes through
 // the widget's own setter, so its change handler runs as for a user's change.
 template <typename Widget> class Control final : public WalkedControl {
 public:
     Control(Widget* w, ControlKind kind) : widget_(w), kind_(kind) {}
     ControlKind Kind() const override { return kind_; }
-    std::string Name() const override { return text(widget_->objectName()); }
+    std::string Name() const override { return Latin1(widget_->objectName()); }
     std::string Value() const override;
     void SetValue(const std::string& value) override;
 
@@ -55,16 +49,16 @@ template <> void Control<QCheckBox>::SetValue(const std::string& v) {
     widget_->setChecked(v != "0");
 }
 template <> std::string Control<QLineEdit>::Value() const {
-    return text(widget_->text());
+    return Latin1(widget_->text());
 }
 template <> void Control<QLineEdit>::SetValue(const std::string& v) {
-    widget_->setText(qtext(v));
+    widget_->setText(Latin1(v));
 }
 template <> std::string Control<QPlainTextEdit>::Value() const {
-    return text(widget_->toPlainText().replace('\n', "\r\n"));
+    return Latin1(widget_->toPlainText().replace('\n', "\r\n"));
 }
 template <> void Control<QPlainTextEdit>::SetValue(const std::string& v) {
-    widget_->setPlainText(qtext(v));
+    widget_->setPlainText(Latin1(v));
 }
 template <> std::string Control<QAction>::Value() const {
     return widget_->isEnabled() ? "True" : "False";

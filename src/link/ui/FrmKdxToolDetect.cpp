@@ -1,4 +1,5 @@
 #include "FrmKdxToolDetect.h"
+#include "core/ui/Latin1.h"
 
 #include "core/MainWindowRules.h"
 #include "core/ui/KorvalApp.h"
@@ -33,7 +34,7 @@ FrmKdxToolDetect::FrmKdxToolDetect() : FormBase("FrmKdxToolDetect", "KDX Detect"
     connect(abort_, &PictureButton::pressed, this, [this] { PicAbort_MouseDown(); });
     // The scan's progress: showing it is what lets events run while the scan blocks.
     progress_ = &App().mailbox.addBox(Mailbox::Mode::Replace, [this](const std::string& t) {
-        status_->setText(QString::fromLatin1(t.data(), static_cast<qsizetype>(t.size())));
+        status_->setText(Latin1(t));
         status_->repaint();
     });
 }

@@ -1,4 +1,5 @@
 #include "FrmKdxToolScriptEditor.h"
+#include "core/ui/Latin1.h"
 
 #include "CodeEditor.h"
 
@@ -21,16 +22,6 @@ namespace korval {
 namespace {
 
 const char* const ScriptFilter = "Text Files (*.txt)|*.txt|";
-
-QString q(const std::string& s) {
-    return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size()));
-}
-
-Formatter commandsFormatter() {
-    return [](const std::string& text, int flag) {
-        return App().commands.AutoFormatCommands(text, flag);
-    };
-}
 
 // The hourglass for the span of a slow step.
 struct BusyPointer {
@@ -109,11 +100,11 @@ FrmKdxToolScriptEditor::FrmKdxToolScriptEditor()
 }
 
 std::string FrmKdxToolScriptEditor::Text() const {
-    return editor_->toPlainText().replace('\n', "\r\n").toLatin1().toStdString();
+    return Latin1(editor_->toPlainText().replace('\n', "\r\n"));
 }
 
 void FrmKdxToolScriptEditor::SetText(const std::string& text) {
-    auto shown = q(text);
+    auto shown = Latin1(text);
     shown.replace("\r\n", "\n");
     editor_->setPlainText(shown);
 }
@@ -140,7 +131,7 @@ void FrmKdxToolScriptEditor::PicCodeFormatButton_MouseDown() {
 
 void FrmKdxToolScriptEditor::FormatCode(bool withComments) {
     BusyPointer busy;
-    SetText(Reformat(Text(), withComments, commandsFormatter()));
+    SetText(Reformat(Text(), withComments, App().commands.AsFormatter()));
 }
 
 void FrmKdxToolScriptEditor::PicTestScript_MouseDown() {

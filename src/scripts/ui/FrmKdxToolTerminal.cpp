@@ -1,4 +1,5 @@
 #include "FrmKdxToolTerminal.h"
+#include "core/ui/Latin1.h"
 
 #include "CodeEditor.h"
 
@@ -22,7 +23,7 @@ namespace korval {
 namespace {
 
 QString display(const std::string& terminal) {
-    auto text = QString::fromLatin1(terminal.data(), static_cast<qsizetype>(terminal.size()));
+    auto text = Latin1(terminal);
     text.replace("\r\n", "\n");
     text.replace('\r', '\n');
     return text;
@@ -95,7 +96,7 @@ void FrmKdxToolTerminal::CmdSend_Click() {
     auto& kdx = App().kdx;
     const QString typed = send_->toPlainText();
     // The box holds line feeds; the program's text has CR LF line ends, as typed on the bench.
-    const auto text = QString(typed).replace('\n', "\r\n").toLatin1().toStdString();
+    const auto text = Latin1(QString(typed).replace('\n', "\r\n"));
     const auto plan = PlanTerminalSend(text);
     for (const auto action : plan.actions) {
         action == LinkAction::BringOnline ? kdx.BringOnline() : kdx.BringOffline();

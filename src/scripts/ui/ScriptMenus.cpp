@@ -40,12 +40,6 @@ std::optional<std::string> readScript(const std::string& title) {
     return bytes;
 }
 
-Formatter commandsFormatter() {
-    return [](const std::string& text, int flag) {
-        return App().commands.AutoFormatCommands(text, flag);
-    };
-}
-
 } // namespace
 
 void OpenScriptForEditing() {
@@ -54,7 +48,7 @@ void OpenScriptForEditing() {
         return;
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto text = OpenForEdit(*script, commandsFormatter());
+    const auto text = OpenForEdit(*script, App().commands.AsFormatter());
     auto* editor = window<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
     editor->SetText(text);
     editor->ShowWindow();
@@ -77,7 +71,7 @@ void TransferScript() {
         return;
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto text = ForTransfer(*script, commandsFormatter());
+    const auto text = ForTransfer(*script, App().commands.AsFormatter());
     QApplication::restoreOverrideCursor();
     if (HasNonAscii(text)) {
         // Nothing goes half way: the controller would stop at the first byte it cannot read.
