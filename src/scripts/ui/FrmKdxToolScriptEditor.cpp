@@ -4,6 +4,7 @@
 #include "CodeEditor.h"
 
 #include "core/ClsReadWriteFile.h"
+#include "core/ui/HourGlass.h"
 #include "core/ui/KorvalApp.h"
 #include "core/ui/Pictures.h"
 #include "link/ui/FrmKdxToolSetPort.h"
@@ -22,12 +23,6 @@ namespace korval {
 namespace {
 
 const char* const ScriptFilter = "Text Files (*.txt)|*.txt|";
-
-// The hourglass for the span of a slow step.
-struct BusyPointer {
-    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
-};
 
 } // namespace
 
@@ -130,7 +125,7 @@ void FrmKdxToolScriptEditor::PicCodeFormatButton_MouseDown() {
 }
 
 void FrmKdxToolScriptEditor::FormatCode(bool withComments) {
-    BusyPointer busy;
+    HourGlass busy;
     SetText(Reformat(Text(), withComments, App().commands.AsFormatter()));
 }
 
@@ -177,7 +172,7 @@ void FrmKdxToolScriptEditor::PicSaveScript_MouseDown() {
     if (!chosen || chosen->empty()) {
         return;
     }
-    BusyPointer busy;
+    HourGlass busy;
     ClsReadWriteFile file;
     const bool saved = file.CreateOutputFile(TxtFileName(*chosen)) &&
                        file.WriteToOutputFile(Text()) && file.CloseOutputFile();

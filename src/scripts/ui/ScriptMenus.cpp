@@ -4,6 +4,7 @@
 #include "FrmKdxToolTerminal.h"
 
 #include "core/ClsReadWriteFile.h"
+#include "core/ui/HourGlass.h"
 #include "core/ui/KorvalApp.h"
 #include "core/ui/MdiKorval.h"
 #include "link/ui/FrmKdxToolSetPort.h"
@@ -47,15 +48,17 @@ void OpenScriptForEditing() {
     if (!script) {
         return;
     }
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto text = OpenForEdit(*script, App().commands.AsFormatter());
-    auto* editor = window<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
-    editor->SetText(text);
-    editor->ShowWindow();
-    QApplication::restoreOverrideCursor();
+    std::string text;
+    {
+        HourGlass busy;
+        text = OpenForEdit(*script, App().commands.AsFormatter());
+        auto* editor = window<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
+        editor->SetText(text);
+        editor->ShowWindow();
+    }
     if (HasNonAscii(text)) {
         App().prompts.Message("The script holds characters outside plain ASCII. The KDX does not "
-                              "understand them: check the marked commands before sending.",
+                              "understand them: check the commands before sending.",
                               "Open KDX Script for Editing", Prompts::Icon::Warning,
                               Prompts::Buttons::Ok);
     }
@@ -70,9 +73,10 @@ void TransferScript() {
     if (!script) {
         return;
     }
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto text = ForTransfer(*script, App().commands.AsFormatter());
-    QApplication::restoreOverrideCursor();
+    const auto text = [&script] {
+        HourGlass busy;
+        return ForTransfer(*script, App().commands.AsFormatter());
+    }();
     if (HasNonAscii(text)) {
         // Nothing goes half way: the controller would stop at the first byte it cannot read.
         app.prompts.Message("The script holds characters outside plain ASCII and was not sent. "
