@@ -271,20 +271,23 @@ void KdxDriver::onBytes(const std::string& bytes) {
         keepTail(store_, StoreLimit, StoreLimit);
         terminal_ += stream;
         keepTail(terminal_, TerminalLimit, TerminalKeep);
-        carets_ += static_cast<std::uint64_t>(std::count(stream.begin(), stream.end(), '^'));
         if (!stream.empty()) {
             terminalText = terminal_;
         }
     }
+    if (!stream.empty()) {
+        writeSink(SinkRole::Buffer, stream);
+        writeSink(SinkRole::Terminal, terminalText);
+        for (auto n = std::count(stream.begin(), stream.end(), '^'); n > 0; --n) {
+            writeSink(SinkRole::Report, "^");
+        }
+    }
+    // A run's end counts only now, so what ended a wait is already in the program's mailbox.
+    if (const auto ends = std::count(stream.begin(), stream.end(), '^'); ends > 0) {
+        std::lock_guard lock(mutex_);
+        carets_ += static_cast<std::uint64_t>(ends);
+    }
     changed_.notify_all();
-    if (stream.empty()) {
-        return;
-    }
-    writeSink(SinkRole::Buffer, stream);
-    writeSink(SinkRole::Terminal, terminalText);
-    for (auto n = std::count(stream.begin(), stream.end(), '^'); n > 0; --n) {
-        writeSink(SinkRole::Report, "^");
-    }
 }
 
 std::string KdxDriver::readStore(bool clear) {
