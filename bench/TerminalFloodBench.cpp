@@ -1,7 +1,7 @@
 // A controller that talks without pause at 38400 baud into the open terminal: how long is the
 // longest time the window does not get to its events? Reported as max_stall_ms.
+#include "KorvalStartup.h"
 #include "core/Prompts.h"
-#include "core/ui/KorvalApp.h"
 #include "core/ui/MdiKorval.h"
 #include "link/PortMap.h"
 #include "scripts/ui/FrmKdxToolTerminal.h"
@@ -36,12 +36,13 @@ void BM_TerminalFlood38400(benchmark::State& state) {
     PtyPeer peer(answerStatus([] { return std::string("R"); }));
     korval::PortMap().registerPort(1, peer.device());
     NoPrompts prompts;
-    korval::KorvalApp app(prompts, korval::FoldersFor(folder.path()));
-    if (!app.Main()) {
+    korval::KorvalStartup program(prompts, korval::FoldersFor(folder.path()));
+    auto& app = program.services();
+    if (!program.Main()) {
         state.SkipWithError("start-up failed");
         return;
     }
-    auto* terminal = static_cast<korval::FrmKdxToolTerminal*>(app.Form("FrmKdxToolTerminal"));
+    auto* terminal = app.Form<korval::FrmKdxToolTerminal>("FrmKdxToolTerminal");
     terminal->ShowWindow();
     terminal->SetActive(true);
 
@@ -76,7 +77,7 @@ void BM_TerminalFlood38400(benchmark::State& state) {
     state.counters["max_stall_ms"] = static_cast<double>(worst);
     state.counters["shown_chars"] =
         static_cast<double>(terminal->TxtReceive()->toPlainText().size());
-    app.Shutdown();
+    program.Shutdown();
 }
 BENCHMARK(BM_TerminalFlood38400)->Arg(20)->Iterations(1)->Unit(benchmark::kSecond);
 

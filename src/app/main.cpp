@@ -1,5 +1,7 @@
 // korval: the window program.
-#include "core/ui/KorvalApp.h"
+#include "KorvalStartup.h"
+
+#include "core/ui/MdiKorval.h"
 #include "core/ui/QtPrompts.h"
 
 #include <QApplication>
@@ -7,13 +9,15 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     application.setApplicationName("KORVAL");
-    QWidget* dialogParent = nullptr;
-    korval::QtPrompts prompts(dialogParent);
-    korval::KorvalApp app(prompts,
-                          korval::FoldersFor(QApplication::applicationDirPath().toStdString()));
-    if (!app.Main()) {
+    korval::KorvalStartup* startup = nullptr;
+    korval::QtPrompts prompts([&startup]() -> QWidget* {
+        return startup != nullptr ? startup->services().mdi : nullptr;
+    });
+    korval::KorvalStartup program(
+        prompts, korval::FoldersFor(QApplication::applicationDirPath().toStdString()));
+    startup = &program;
+    if (!program.Main()) {
         return 1;
     }
-    dialogParent = reinterpret_cast<QWidget*>(app.mdi);
     return QApplication::exec();
 }

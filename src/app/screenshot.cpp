@@ -1,6 +1,7 @@
 // korval-screenshot FILE.png [SECONDS]: starts the window program as a user would, lets it talk
 // to the controller for a moment, and saves a picture of the main window.
-#include "core/ui/KorvalApp.h"
+#include "KorvalStartup.h"
+
 #include "core/ui/MdiKorval.h"
 #include "core/ui/QtPrompts.h"
 
@@ -15,16 +16,16 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: korval-screenshot FILE.png [SECONDS]\n");
         return 2;
     }
-    QWidget* dialogParent = nullptr;
-    korval::QtPrompts prompts(dialogParent);
-    korval::KorvalApp app(prompts,
-                          korval::FoldersFor(QApplication::applicationDirPath().toStdString()));
-    if (!app.Main()) {
+    korval::QtPrompts prompts([] { return nullptr; });
+    korval::KorvalStartup program(
+        prompts, korval::FoldersFor(QApplication::applicationDirPath().toStdString()));
+    if (!program.Main()) {
         return 1;
     }
+    auto& app = program.services();
     app.delay.TimeDelay(argc > 2 ? std::atof(argv[2]) : 2.0);
     const bool saved = app.mdi->grab().save(QString::fromLocal8Bit(argv[1]));
-    app.Shutdown();
+    program.Shutdown();
     QApplication::processEvents();
     return saved ? 0 : 1;
 }

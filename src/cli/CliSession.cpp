@@ -11,13 +11,7 @@ std::string driverFolder() {
         .string();
 }
 
-CliSession::CliSession() {
-    // Sink writes arrive on driver threads; their handlers run here, between events.
-    mailbox_.setWake([this] {
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(), [this] { mailbox_.drain(); }, Qt::QueuedConnection);
-    });
-}
+CliSession::CliSession() = default;
 
 CliSession::~CliSession() {
     if (kdx_.DriverModule == 0) {

@@ -2,8 +2,9 @@
 // One run of the command line against a controller: the two libraries loaded from the
 // program's Driver folder, the sinks wired through a mailbox, the port opened and closed in the
 // program's fixed order.
+#include "DrainingWait.h"
+
 #include "core/ClsTimeDelay.h"
-#include "core/ui/QtWaitContext.h"
 #include "link/ClsDriverKdx.h"
 #include "link/ClsKdxCommands.h"
 #include "link/Mailbox.h"
@@ -28,11 +29,11 @@ public:
     Mailbox& mailbox() { return mailbox_; }
 
 private:
-    QtWaitContext wait_;
+    Mailbox mailbox_;
+    DrainingWait wait_{mailbox_};
     ClsTimeDelay delay_{wait_};
     ClsDriverKdx kdx_{delay_};
     ClsKdxCommands commands_;
-    Mailbox mailbox_;
     bool opened_ = false;
 };
 

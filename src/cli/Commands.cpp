@@ -105,11 +105,7 @@ int send(Run& r) {
     }
     auto& kdx = r.session.kdx();
     kdx.ClearPortChars();
-    const auto plan = PlanTerminalSend(r.options.args[0]);
-    for (const auto action : plan.actions) {
-        action == LinkAction::BringOnline ? kdx.BringOnline() : kdx.BringOffline();
-    }
-    kdx.SendCommandsToPort(plan.toSend);
+    SendTerminalText(r.options.args[0], kdx);
     // Replies have no end mark: wait until the line has been quiet for a moment.
     int last = -1;
     for (int round = 0; round < 40; ++round) {

@@ -1,5 +1,7 @@
 #include "CommandLanguage.h"
 
+#include "core/StatusLead.h"
+
 #include "core/ClsMathConversions.h"
 #include "core/Numbers.h"
 #include "core/Text.h"
@@ -155,9 +157,7 @@ int CountCodeFromReply(std::string reply) {
     if (reply.empty()) {
         return 0;
     }
-    if (reply == "\xCB"
-                 "B" ||
-        reply == "J") {
+    if (reply == ErrorCode('B') || reply == "J") {
         return 1; // the controller refused: it has no third motor
     }
     return 2;

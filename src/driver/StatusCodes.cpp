@@ -1,5 +1,7 @@
 #include "StatusCodes.h"
 
+#include "core/StatusLead.h"
+
 #include <algorithm>
 
 namespace korval::driver {
@@ -7,9 +9,9 @@ namespace korval::driver {
 namespace {
 
 struct Code {
-    const char* code;
+    std::string code;
     const char* word;
-    const char* report;
+    std::string report;
 };
 
 // Nested loops and invalid motor numbers share the memory code on the report route.
@@ -19,32 +21,16 @@ const Code Codes[] = {
     {"B", "BUSY", "B"},
     {"L", "OFFLINEBUSY", ""},
     {"b", "JOGGING", "b"},
-    {"\xCBS", "ERRORSTOPBUTTON", "\xCBS"},
-    {"\xCB"
-     "B",
-     "ERRORBUSS",
-     "\xCB"
-     "B"},
-    {"\xCBM", "ERRORMEMORYFULL", "\xCBM"},
-    {"\xCBN", "ERRORNESTEDLOOP", "\xCBM"},
-    {"\xCBJ", "ERRORJUMPANDRETURN", "\xCBJ"},
-    {"\xCB"
-     "C",
-     "ERRORCONTINUOUSINDEX",
-     "\xCB"
-     "C"},
-    {"\xCB"
-     "F",
-     "ERRORFLASHROM",
-     "\xCB"
-     "F"},
-    {"\xCB"
-     "E",
-     "ERROREEPROM",
-     "\xCB"
-     "E"},
-    {"\xCBI", "ERRORINVALIDMOTORNUMBER", "\xCBM"},
-    {"\xCBU", "ERRORBUFFEROVERFLOW", "\xCBU"},
+    {ErrorCode('S'), "ERRORSTOPBUTTON", ErrorCode('S')},
+    {ErrorCode('B'), "ERRORBUSS", ErrorCode('B')},
+    {ErrorCode('M'), "ERRORMEMORYFULL", ErrorCode('M')},
+    {ErrorCode('N'), "ERRORNESTEDLOOP", ErrorCode('M')},
+    {ErrorCode('J'), "ERRORJUMPANDRETURN", ErrorCode('J')},
+    {ErrorCode('C'), "ERRORCONTINUOUSINDEX", ErrorCode('C')},
+    {ErrorCode('F'), "ERRORFLASHROM", ErrorCode('F')},
+    {ErrorCode('E'), "ERROREEPROM", ErrorCode('E')},
+    {ErrorCode('I'), "ERRORINVALIDMOTORNUMBER", ErrorCode('M')},
+    {ErrorCode('U'), "ERRORBUFFEROVERFLOW", ErrorCode('U')},
 };
 
 const Code* find(std::string_view code) {
@@ -75,11 +61,7 @@ AxisAnswer classifyAxis(const std::optional<std::string>& reply) {
     if (text.empty()) {
         return AxisAnswer::InDoubt;
     }
-    return text == "\xCB"
-                   "B" ||
-                   text == "J"
-               ? AxisAnswer::NotThere
-               : AxisAnswer::There;
+    return text == ErrorCode('B') || text == "J" ? AxisAnswer::NotThere : AxisAnswer::There;
 }
 
 int arrangementCode(const AxisAnswer (&axes)[4]) {

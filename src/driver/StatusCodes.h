@@ -6,7 +6,6 @@
 
 namespace korval::driver {
 
-inline constexpr char ErrorLead = '\xCB';
 inline constexpr const char* ErrorCommunications = "ERRORCOMMUNICATIONS";
 
 // The status word for the reply to "V"; ERRORCOMMUNICATIONS for anything unknown.

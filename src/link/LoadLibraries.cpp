@@ -25,7 +25,7 @@ LibraryStage CommandsStage(std::function<std::intptr_t(const std::string&)> load
             "Error: KDX Commands Missing", std::move(load)};
 }
 
-bool LoadLibraryStage(const LibraryStage& stage, const ProgramPaths& paths, Prompts& prompts) {
+bool LoadLibraryStage(const LibraryStage& stage, const ProgramFolders& paths, Prompts& prompts) {
     std::error_code ec;
     const auto expected = paths.driver + stage.fileName;
     std::intptr_t result = 0;
@@ -54,7 +54,7 @@ bool LoadLibraryStage(const LibraryStage& stage, const ProgramPaths& paths, Prom
 }
 
 bool LoadLibraries(const LibraryStage& driver, const LibraryStage& commands,
-                   const ProgramPaths& paths, Prompts& prompts) {
+                   const ProgramFolders& paths, Prompts& prompts) {
     if (!LoadLibraryStage(driver, paths, prompts) || !LoadLibraryStage(commands, paths, prompts)) {
         return false;
     }

@@ -1,6 +1,7 @@
 #pragma once
 // Finding and loading the two libraries at start-up, with the "Locate" dialogues when one is
 // missing or refused, and the settings file created empty when there is none.
+#include "core/ProgramFolders.h"
 #include "core/Prompts.h"
 
 #include <cstdint>
@@ -17,21 +18,14 @@ struct LibraryStage {
     std::function<std::intptr_t(const std::string& path)> load; // 0 when refused
 };
 
-struct ProgramPaths {
-    std::string application; // each with its trailing separator
-    std::string driver;
-    std::string config;
-    std::string settingsFile;
-};
-
 LibraryStage DriverStage(std::function<std::intptr_t(const std::string&)> load);
 LibraryStage CommandsStage(std::function<std::intptr_t(const std::string&)> load);
 
 // One library: true when loaded, false when the user gave up (cancel, or No).
-bool LoadLibraryStage(const LibraryStage& stage, const ProgramPaths& paths, Prompts& prompts);
+bool LoadLibraryStage(const LibraryStage& stage, const ProgramFolders& paths, Prompts& prompts);
 
 // All three stages; false means the program must end.
 bool LoadLibraries(const LibraryStage& driver, const LibraryStage& commands,
-                   const ProgramPaths& paths, Prompts& prompts);
+                   const ProgramFolders& paths, Prompts& prompts);
 
 } // namespace korval

@@ -1,11 +1,13 @@
 #include "StatusDisplay.h"
 
+#include "core/StatusLead.h"
+
 namespace korval {
 
 namespace {
 
 struct Steady {
-    const char* key;
+    std::string key;
     const char* caption;
     bool power;
     bool online;
@@ -17,7 +19,7 @@ const Steady SteadyReports[] = {
     {"J", "OFFLINEREADY", true, false},
     {"B", "BUSY", true, true},
     {"b", "JOGGING", true, false},
-    {"\xCBS", "STOP PUSHED", true, true},
+    {ErrorCode('S'), "STOP PUSHED", true, true},
 };
 
 const Steady SteadyWords[] = {
@@ -31,13 +33,9 @@ const Steady SteadyWords[] = {
 
 // Errors shown without flashing: the lamps stay as they were.
 const Steady CaptionOnlyReports[] = {
-    {"\xCB"
-     "F",
-     "ERRORFLASHROM", false, false},
-    {"\xCB"
-     "E",
-     "ERROREEPROM", false, false},
-    {"\xCBU", "ERRORBUFFEROVERFLOW", false, false},
+    {ErrorCode('F'), "ERRORFLASHROM", false, false},
+    {ErrorCode('E'), "ERROREEPROM", false, false},
+    {ErrorCode('U'), "ERRORBUFFEROVERFLOW", false, false},
 };
 
 const char* const CaptionOnlyWords[] = {"ERRORFLASHROM", "ERROREEPROM", "ERRORINVALIDMOTORNUMBER",
@@ -99,8 +97,7 @@ void StatusDisplay::OnReport(const std::string& code) {
         lamps(row->power, row->online);
     } else if (code == "^") {
         verifyStatus_();
-    } else if (code == "\xCB"
-                       "B") {
+    } else if (code == ErrorCode('B')) {
         const bool firstTime = panel_.Caption() != "ERRORBUSS";
         busSequence(firstTime, [&] {
             killProgram_();
@@ -108,15 +105,14 @@ void StatusDisplay::OnReport(const std::string& code) {
                 delay_.TimeDelay(1);
             }
         });
-    } else if (code == "\xCBM") {
+    } else if (code == ErrorCode('M')) {
         // Always memory full: nested loops and bad motor numbers share the code.
         panel_.SetCaption("ERRORMEMORYFULL");
         flash(Flash::Short2);
         delay_.TimeDelay(0.1);
         verifyStatus_();
-    } else if (code == "\xCBJ" || code == "\xCB"
-                                          "C") {
-        panel_.SetCaption(code == "\xCBJ" ? "ERRORJUMPANDRETURN" : "ERRORCONTINUOUSINDEX");
+    } else if (code == ErrorCode('J') || code == ErrorCode('C')) {
+        panel_.SetCaption(code == ErrorCode('J') ? "ERRORJUMPANDRETURN" : "ERRORCONTINUOUSINDEX");
         flash(Flash::Long10);
         delay_.TimeDelay(1);
         verifyStatus_();

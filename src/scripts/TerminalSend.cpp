@@ -1,6 +1,7 @@
 #include "TerminalSend.h"
 
 #include "core/Text.h"
+#include "link/ClsDriverKdx.h"
 
 namespace korval {
 
@@ -29,6 +30,26 @@ TerminalSend PlanTerminalSend(const std::string& typed) {
     }
     plan.toSend = text.find('R') == std::string::npos ? text + "\r" : text;
     return plan;
+}
+
+std::string WithCrLf(std::string_view typed) {
+    std::string text;
+    text.reserve(typed.size() + typed.size() / 16);
+    for (std::size_t i = 0; i < typed.size(); ++i) {
+        if (typed[i] == '\n' && (i == 0 || typed[i - 1] != '\r')) {
+            text += '\r';
+        }
+        text += typed[i];
+    }
+    return text;
+}
+
+void SendTerminalText(std::string_view typed, ClsDriverKdx& kdx) {
+    const auto plan = PlanTerminalSend(WithCrLf(typed));
+    for (const auto action : plan.actions) {
+        action == LinkAction::BringOnline ? kdx.BringOnline() : kdx.BringOffline();
+    }
+    kdx.SendCommandsToPort(plan.toSend);
 }
 
 } // namespace korval

@@ -1,8 +1,10 @@
 #pragma once
 // A program folder of its own for each test, with the real libraries linked into its Driver
 // folder, and dialogues answered from a script.
+#include "KorvalStartup.h"
 #include "core/Prompts.h"
-#include "core/ui/KorvalApp.h"
+
+#include "link/ui/FrmKdxToolSetPort.h"
 
 #include "support/TempFolder.h"
 
@@ -66,7 +68,8 @@ struct ScriptedPrompts : Prompts {
 struct AppFixture : ::testing::Test {
     TempFolder folder;
     ScriptedPrompts prompts;
-    std::unique_ptr<KorvalApp> app;
+    std::unique_ptr<KorvalStartup> program;
+    KorvalServices* app = nullptr; // the running program's services and windows
 
     void withDriverFolder() {
         std::filesystem::create_directory_symlink(KORVAL_DRIVER_DIR, folder.file("Driver"));
@@ -88,17 +91,20 @@ struct AppFixture : ::testing::Test {
 
     bool start() {
         freshDriver();
-        app = std::make_unique<KorvalApp>(prompts, FoldersFor(folder.path()));
-        return app->Main();
+        program = std::make_unique<KorvalStartup>(prompts, FoldersFor(folder.path()));
+        app = &program->services();
+        return program->Main();
     }
     void stop() {
-        if (app) {
-            app->Shutdown();
+        if (program) {
+            program->Shutdown();
             QCoreApplication::processEvents();
-            app.reset();
+            program.reset();
+            app = nullptr;
             QCoreApplication::processEvents();
         }
     }
+    FrmKdxToolSetPort* setPort() const { return app->Form<FrmKdxToolSetPort>("FrmKdxToolSetPort"); }
     void SetUp() override {
         // Ports resolve through this test's own map: Com1 is nowhere unless a test links it.
         qputenv("KORVAL_PORTS", QByteArray::fromStdString(folder.file("ports")));

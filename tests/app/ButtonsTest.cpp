@@ -114,7 +114,7 @@ TEST_F(ButtonsFixture, TheRunButtonRefusesAnEmptyProgramAndRunsAnyOther) {
 
 TEST_F(ButtonsFixture, ShutdownSavesFirstThenTakesTheLinkDownInItsOrder) {
     rec.settingsFile = settingsFile();
-    app->Shutdown();
+    program->Shutdown();
     const std::vector<std::string> expected = {"CloseListenThread",  "HideForm", "(settings saved)",
                                                "FunctionEscapeTrue", "Offline",  "ClosePort"};
     std::size_t at = 0;
@@ -126,5 +126,5 @@ TEST_F(ButtonsFixture, ShutdownSavesFirstThenTakesTheLinkDownInItsOrder) {
     EXPECT_EQ(at, expected.size()) << "calls were out of order";
     EXPECT_EQ(app->kdx.DriverModule, 0);
     QCoreApplication::processEvents();
-    app.reset();
+    program.reset();
 }

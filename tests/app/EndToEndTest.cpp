@@ -69,10 +69,10 @@ TEST_F(EndToEnd, StartUpReachesTheControllerAndThePanelFollowsIt) {
 
 TEST_F(EndToEnd, AutoDetectFindsTheControllerAndOpensItsPort) {
     ASSERT_TRUE(start());
-    app->setPort->ChkPortOpen()->setChecked(false);
+    setPort()->ChkPortOpen()->setChecked(false);
     EXPECT_EQ(app->mdi->findChild<QLabel*>("LblStatusPort")->text(), "Port Status: Closed");
     app->mdi->Menu("MnuToolsAutoDetect")->trigger();
-    EXPECT_TRUE(app->setPort->ChkPortOpen()->isChecked());
+    EXPECT_TRUE(setPort()->ChkPortOpen()->isChecked());
     EXPECT_EQ(app->mdi->findChild<QLabel*>("LblPortCurrent")->text(), "Port: Com1, Baud: 9600");
     EXPECT_EQ(caption(), "ONLINEREADY");
 }

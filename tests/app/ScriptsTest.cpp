@@ -40,9 +40,9 @@ struct ScriptsFixture : AppFixture {
         withDriverFolder();
         withConfig();
         ASSERT_TRUE(start());
-        ASSERT_TRUE(app->setPort->ChkPortOpen()->isChecked());
-        terminal = static_cast<FrmKdxToolTerminal*>(app->Form("FrmKdxToolTerminal"));
-        editor = static_cast<FrmKdxToolScriptEditor*>(app->Form("FrmKdxToolScriptEditor"));
+        ASSERT_TRUE(setPort()->ChkPortOpen()->isChecked());
+        terminal = app->Form<FrmKdxToolTerminal>("FrmKdxToolTerminal");
+        editor = app->Form<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
     }
     void TearDown() override {
         AppFixture::TearDown();
@@ -148,10 +148,10 @@ TEST_F(ScriptsFixture, TestingAScriptFollowsItsEnding) {
 TEST_F(ScriptsFixture, SavingIsTiedToTheOpenPortAndNamesEndInTxt) {
     editor->SetText("C,R");
     prompts.asked.clear();
-    app->setPort->ChkPortOpen()->setChecked(false);
+    setPort()->ChkPortOpen()->setChecked(false);
     editor->PicSaveScript_MouseDown();
     EXPECT_TRUE(prompts.asked.empty()) << "no dialogue with the port closed";
-    app->setPort->ChkPortOpen()->setChecked(true);
+    setPort()->ChkPortOpen()->setChecked(true);
 
     ASSERT_TRUE(writeFileAtomically(folder.file("a.b.txt"), "old"));
     editor->SetText("C,S1M20,\r\nR");
@@ -188,7 +188,7 @@ TEST_F(ScriptsFixture, TransferSendsTheFormattedScriptOnlyWithThePortOpen) {
     prompts.files = {folder.file("s.txt"), folder.file("e.txt")};
     EXPECT_EQ(sentBy([] { TransferScript(); }), "C,\rS1M2000,\rR\r");
     EXPECT_EQ(sentBy([] { TransferScript(); }), "") << "nothing sent half way";
-    app->setPort->ChkPortOpen()->setChecked(false);
+    setPort()->ChkPortOpen()->setChecked(false);
     prompts.asked.clear();
     TransferScript();
     EXPECT_TRUE(prompts.asked.empty()) << "no dialogue with the port closed";

@@ -57,8 +57,8 @@ TEST_F(StartupFixture, WithTheLibrariesInPlaceTheMainWindowComesUpWithEveryMenu)
     EXPECT_EQ(mdi->findChild<QLabel*>("LblStatusPort")->text(), "Port Status: Closed");
     EXPECT_EQ(mdi->findChild<QLabel*>("LblStatusPort")->palette().color(QPalette::WindowText),
               QColor(255, 0, 0));
-    EXPECT_FALSE(app->setPort->ChkPortOpen()->isChecked());
-    EXPECT_TRUE(app->setPort->CmbSerialPort()->isEnabled());
+    EXPECT_FALSE(setPort()->ChkPortOpen()->isChecked());
+    EXPECT_TRUE(setPort()->CmbSerialPort()->isEnabled());
     EXPECT_EQ(readWholeFile(settingsFile()).value_or(""), "[Run]\r\nTimes=0\r\n");
 }
 
@@ -67,7 +67,7 @@ TEST_F(StartupFixture, AMissingDriverIsLocatedOrTheProgramEnds) {
     // Cancel: no message, the program ends.
     EXPECT_FALSE(start());
     EXPECT_EQ(prompts.asked, std::vector<std::string>{"open Locate 'Tavrin KDX Serial Driver.so'"});
-    app.reset();
+    program.reset();
 
     // Nothing chosen, Yes to go on, then the real files.
     prompts.asked.clear();
@@ -91,9 +91,11 @@ TEST_F(StartupFixture, SettingsSurviveARestartAndCountTheRuns) {
     withDriverFolder();
     withConfig();
     ASSERT_TRUE(start());
-    app->setPort->CmbBaudRate()->setCurrentIndex(3);
-    app->setPort->CmbSerialPort()->setCurrentIndex(7);
-    app->admin->findChild<QCheckBox*>("ChkToolsTerminal")->setChecked(true);
+    setPort()->CmbBaudRate()->setCurrentIndex(3);
+    setPort()->CmbSerialPort()->setCurrentIndex(7);
+    app->Form<FrmKdxAdmin>("FrmKdxAdmin")
+        ->findChild<QCheckBox*>("ChkToolsTerminal")
+        ->setChecked(true);
     EXPECT_FALSE(app->mdi->Menu("MnuToolsTerminal")->isVisible());
     stop();
     const auto saved = readWholeFile(settingsFile()).value_or("");
@@ -103,7 +105,7 @@ TEST_F(StartupFixture, SettingsSurviveARestartAndCountTheRuns) {
     EXPECT_NE(saved.find("\tMnuToolsSetUpAxis1.Enabled=False\r\n"), std::string::npos);
 
     ASSERT_TRUE(start());
-    EXPECT_EQ(app->setPort->CmbBaudRate()->currentIndex(), 3);
+    EXPECT_EQ(setPort()->CmbBaudRate()->currentIndex(), 3);
     EXPECT_EQ(app->mdi->findChild<QLabel*>("LblPortCurrent")->text(), "Port: Com7, Baud: 38400")
         << "start-up opens the restored port";
     EXPECT_FALSE(app->mdi->Menu("MnuToolsTerminal")->isVisible()) << "the hiding comes back";
@@ -117,7 +119,7 @@ TEST_F(StartupFixture, TheAdministratorPasswordIsReadInUpperCase) {
     prompts.inputs = {"wrong", "", "marigo"};
     for (int i = 0; i < 3; ++i) {
         app->mdi->Menu("MnuToolsAdminKorvalSettings")->trigger();
-        EXPECT_EQ(app->admin->IsShown(), i == 2) << i;
+        EXPECT_EQ(app->Form<FrmKdxAdmin>("FrmKdxAdmin")->IsShown(), i == 2) << i;
     }
     EXPECT_EQ(prompts.asked.back(), "input KORVAL Password: Enter Password");
 }
@@ -126,7 +128,7 @@ TEST_F(StartupFixture, ReportsFromTheDriverDriveTheStatusPanel) {
     withDriverFolder();
     withConfig();
     ASSERT_TRUE(start());
-    auto& report = app->callback->StatusReport();
+    auto& report = app->Form<FrmKdxDriverCallback>("FrmKdxDriverCallback")->StatusReport();
     const KdxSink* sink = report.sink();
     const std::string code = "J";
     sink->write(sink->context, code.data(), 1);

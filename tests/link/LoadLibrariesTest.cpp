@@ -37,8 +37,9 @@ struct ScriptedPrompts : Prompts {
 
 struct LoaderFixture : ::testing::Test {
     TempFolder dir;
-    ProgramPaths paths{dir.path() + "/", dir.path() + "/Driver/", dir.path() + "/Config/",
-                       dir.path() + "/Config/KORVAL Settings.ini"};
+    ProgramFolders paths{dir.path() + "/", dir.path() + "/Driver/", dir.path() + "/Config/",
+                         dir.path() + "/Documentation/",
+                         dir.path() + "/Config/KORVAL Settings.ini"};
     std::vector<std::string> loads;
     std::string good = "good.so";
     ScriptedPrompts prompts;

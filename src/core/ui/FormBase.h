@@ -34,6 +34,10 @@ public:
     void HideWindow();
     bool IsShown() const;
 
+    // Called before the settings are written at shutdown: a window empties what is transient,
+    // so that it is not saved.
+    virtual void PrepareForSave() {}
+
     // Windows that must not be destroyed by a close: the close box only hides them.
     bool eventFilter(QObject* watched, QEvent* event) override;
 

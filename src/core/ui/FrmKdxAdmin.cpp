@@ -1,7 +1,7 @@
 #include "FrmKdxAdmin.h"
 #include "core/ui/Latin1.h"
 
-#include "KorvalApp.h"
+#include "KorvalServices.h"
 #include "MdiKorval.h"
 
 #include "core/AdminSettings.h"

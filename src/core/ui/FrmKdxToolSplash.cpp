@@ -1,23 +1,13 @@
 #include "FrmKdxToolSplash.h"
 
+#include "CentreOnScreen.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QScreen>
 #include <QVBoxLayout>
 
 namespace korval {
-
-namespace {
-
-void centre(QWidget& w) {
-    if (const auto* screen = QApplication::primaryScreen()) {
-        const auto area = screen->availableGeometry();
-        w.move(area.x() + (area.width() - w.width()) / 2,
-               area.y() + (area.height() - w.height()) / 2);
-    }
-}
-
-} // namespace
 
 FrmKdxToolSplash::FrmKdxToolSplash() : FormBase("FrmKdxToolSplash", "KORVAL") {
     setWindowFlags(Qt::SplashScreen);
@@ -35,7 +25,7 @@ FrmKdxToolSplash::FrmKdxToolSplash() : FormBase("FrmKdxToolSplash", "KORVAL") {
     layout->addWidget(status_);
     setStyleSheet("FrmKdxToolSplash { background: #f4f4ef; border: 2px solid #3c5a96; }");
     resize(420, 220);
-    centre(*this);
+    CentreOnScreen(*this);
 }
 
 void FrmKdxToolSplash::SetStatus(const QString& text) {
@@ -63,22 +53,6 @@ void FrmKdxToolSplash::mousePressEvent(QMouseEvent*) {
         about_ = false;
         hide();
     }
-}
-
-FrmMsgBox::FrmMsgBox() : FormBase("FrmMsgBox", "KORVAL Message") {
-    setWindowFlags(Qt::Tool | Qt::WindowStaysOnTopHint);
-    auto* layout = new QVBoxLayout(this);
-    message_ = new QLabel("Please Wait", this);
-    message_->setObjectName("LblMsg");
-    message_->setAlignment(Qt::AlignCenter);
-    layout->addWidget(message_);
-    resize(280, 90);
-    centre(*this);
-}
-
-void FrmMsgBox::SetMessage(const QString& text) {
-    message_->setText(text);
-    message_->repaint();
 }
 
 } // namespace korval

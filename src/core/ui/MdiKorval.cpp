@@ -1,33 +1,24 @@
 #include "MdiKorval.h"
-#include "core/ui/Latin1.h"
 
-#include "FrmDriverDebug.h"
-#include "FrmKdxAdmin.h"
+#include "CentreOnScreen.h"
+#include "FocusKeeper.h"
 #include "FrmKdxToolSplash.h"
-#include "KorvalApp.h"
+#include "KorvalServices.h"
+#include "Latin1.h"
 
-#include "core/AdminSettings.h"
 #include "core/MainWindowRules.h"
 #include "core/MenuTree.h"
-#include "link/ui/FrmKdxDriverCallback.h"
-#include "link/ui/FrmKdxToolDetect.h"
-#include "link/ui/FrmKdxToolSetPort.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QRegularExpression>
-#include <QScreen>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace korval {
@@ -61,29 +52,6 @@ const ToolButton PanelButtons[] = {
 
 } // namespace
 
-FocusKeeper::FocusKeeper() {
-    window_ = QApplication::activeWindow();
-    control_ = QApplication::focusWidget();
-    if (auto* edit = qobject_cast<QLineEdit*>(control_.data())) {
-        caret_ = edit->cursorPosition();
-    }
-}
-
-FocusKeeper::~FocusKeeper() {
-    if (!control_) {
-        return;
-    }
-    if (auto* edit = qobject_cast<QLineEdit*>(control_.data()); edit != nullptr && caret_ >= 0) {
-        edit->setCursorPosition(caret_);
-    }
-    if (window_ && window_->isVisible()) {
-        window_->activateWindow();
-    }
-    if (control_->isVisible()) {
-        control_->setFocus();
-    }
-}
-
 MdiKorval::MdiKorval() : FormBase("MdiKorval", "KORVAL") {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -113,20 +81,21 @@ MdiKorval::MdiKorval() : FormBase("MdiKorval", "KORVAL") {
         app.kdx.PortOpenOrClosed.subscribe([this](const std::string& s) { PortOpenOrClosed(s); });
     subscriptions_[2] =
         app.kdx.KdxChanged.subscribe([this](const std::string& w) { KdxChanged(w); });
-    wireHandlers();
-
-    // Centred on the screen.
-    if (const auto* screen = QApplication::primaryScreen()) {
-        const auto area = screen->availableGeometry();
-        move(area.x() + (area.width() - width()) / 2, area.y() + (area.height() - height()) / 2);
-    }
+    disableUntilWired();
+    connectPanelButtons();
+    CentreOnScreen(*this);
 }
 
 MdiKorval::~MdiKorval() {
-    auto& app = App();
-    app.kdx.PortChanged.unsubscribe(subscriptions_[0]);
-    app.kdx.PortOpenOrClosed.unsubscribe(subscriptions_[1]);
-    app.kdx.KdxChanged.unsubscribe(subscriptions_[2]);
+    ReleaseKdxStatus();
+}
+
+void MdiKorval::ReleaseKdxStatus() {
+    auto& kdx = App().kdx;
+    kdx.PortChanged.unsubscribe(subscriptions_[0]);
+    kdx.PortOpenOrClosed.unsubscribe(subscriptions_[1]);
+    kdx.KdxChanged.unsubscribe(subscriptions_[2]);
+    subscriptions_[0] = subscriptions_[1] = subscriptions_[2] = 0;
 }
 
 void MdiKorval::buildMenus() {
@@ -252,10 +221,15 @@ void MdiKorval::SetHandler(const QString& menu, std::function<void()> handler) {
     if (auto* action = actions_.value(menu)) {
         action->setEnabled(true);
     }
+    for (const auto& b : ToolBarButtons) {
+        if (menu == b.menu) {
+            Button(b.name)->setEnabled(true);
+        }
+    }
 }
 
-void MdiKorval::wireHandlers() {
-    // Every leaf starts disabled; the entries whose windows exist are switched on here.
+void MdiKorval::disableUntilWired() {
+    // Every leaf starts disabled; each room switches on the entries whose windows it has.
     for (const auto& e : MenuTree()) {
         auto* action = actions_.value(Latin1(e.name));
         if (action != nullptr && action->menu() == nullptr && !action->isSeparator()) {
@@ -265,71 +239,18 @@ void MdiKorval::wireHandlers() {
     for (const auto& b : ToolBarButtons) {
         Button(b.name)->setEnabled(false);
     }
-    auto& app = App();
-    SetHandler("MnuToolsAutoDetect", [&app] { app.detect->DetectKdx(); });
-    SetHandler("MnuToolsManualDetect", [&app] { app.setPort->ShowWindow(); });
-    SetHandler("MnuToolsAdminKorvalSettings",
-               [this, &app] { adminPassword([&app] { app.admin->ShowWindow(); }); });
-    SetHandler("MnuDriverDebugShow", [this, &app] {
-        adminPassword([&app] {
-            app.kdx.DebugWindowShow();
-            app.debug->ShowWindow(); // the traffic view is drawn here, inside the main window
-            app.delay.TimeDelay(1);
-        });
-    });
-    SetHandler("MnuDriverDebugHide", [&app] {
-        app.kdx.DebugWindowHide();
-        app.debug->HideWindow();
-    });
-    SetHandler("MnuDriverRecovery", [&app] { app.recovery->ShowWindow(); });
-    SetHandler("MnuHelpAbout", [&app] { app.splash->ShowAbout(); });
-    SetHandler("MnuHelpAutoRevInstr", [this] {
-        openHelp("Documentation/KORVAL Users Manual/", "Help Files (*.htm;*.html)|*.htm;*.html",
-                 "AutoReverse.html");
-    });
-    SetHandler("MnuHelpCableConnections", [this] {
-        openHelp("Documentation/Cable Connections", "Cable Connections (*.pdf)|*.pdf",
-                 "Cable Connections.pdf");
-    });
-    SetHandler("MnuHelpKorvalManual", [this] {
-        openHelp("Documentation/KORVAL Users Manual",
-                 "KORVAL User Manual(*.htm;*.html)|*.htm;*.html", "Table of Contents.html");
-    });
-    SetHandler("MnuHelpKdxManual", [this] {
-        openHelp("Documentation/KDX Users Manual",
-                 "KDX User Manual (*.pdf)|*.pdf|KDX User Manual(*.html)|*.html",
-                 "kdx_user_manl.pdf");
-    });
-    for (const int size : {8, 10, 12, 14, 18, 24}) {
-        SetHandler(QString("MnuFormatFont%1").arg(size), [this, size] { FontSize(size); });
-    }
-
-    connect(Button("PicAutoDetect"), &PictureButton::pressed, this,
-            [&app] { app.detect->DetectKdx(); });
-    connect(Button("PicRunButton"), &PictureButton::pressed, this,
-            [this] { PicRunButton_MouseDown(); });
-    connect(Button("PicStopButton"), &PictureButton::pressed, this,
-            [this] { PicStopButton_MouseDown(); });
-    connect(Button("PicStatusButton"), &PictureButton::pressed, this,
-            [this] { PicStatusButton_MouseDown(); });
-    connect(Button("PicOnlineButton"), &PictureButton::pressed, this,
-            [this] { PicOnlineButton_MouseDown(); });
-    connect(Button("PicLocalButton"), &PictureButton::pressed, this,
-            [this] { PicLocalButton_MouseDown(); });
 }
 
-void MdiKorval::adminPassword(const std::function<void()>& onMatch) {
-    if (AdminPasswordAccepted(App().prompts.InputBox("Enter Password", "KORVAL Password"))) {
-        onMatch();
-    }
-}
-
-void MdiKorval::openHelp(const std::string& folder, const std::string& filter,
-                         const std::string& file) {
-    const auto chosen = App().prompts.OpenFile(
-        {"Open Help File", filter, App().folders.application + folder, file});
-    if (chosen && !chosen->empty()) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromLocal8Bit(chosen->c_str())));
+void MdiKorval::connectPanelButtons() {
+    const std::pair<const char*, void (MdiKorval::*)()> panel[] = {
+        {"PicRunButton", &MdiKorval::PicRunButton_MouseDown},
+        {"PicStopButton", &MdiKorval::PicStopButton_MouseDown},
+        {"PicStatusButton", &MdiKorval::PicStatusButton_MouseDown},
+        {"PicOnlineButton", &MdiKorval::PicOnlineButton_MouseDown},
+        {"PicLocalButton", &MdiKorval::PicLocalButton_MouseDown},
+    };
+    for (const auto& [name, handler] : panel) {
+        connect(Button(name), &PictureButton::pressed, this, [this, h = handler] { (this->*h)(); });
     }
 }
 
@@ -396,6 +317,7 @@ void MdiKorval::PicStopButton_MouseDown() {
     app.kdx.EscapeDriverFunctionTrue();
     app.delay.TimeDelay(0.25);
     app.kdx.EscapeDriverFunctionFalse();
+    Stopped.raise(); // the tools that show positions read them afresh
     app.stopFlag = false;
 }
 
@@ -405,7 +327,9 @@ void MdiKorval::PicStatusButton_MouseDown() {
     SetLamps(false, false);
     SetCaption("Verifying Status");
     app.delay.TimeDelay(0.25);
-    app.callback->StatusReport().setText("");
+    if (app.statusReport != nullptr) {
+        app.statusReport->setText("");
+    }
     app.kdx.VerifyStatus();
 }
 
@@ -440,7 +364,13 @@ void MdiKorval::closeEvent(QCloseEvent* event) {
     closing_ = true;
     event->ignore(); // shutdown takes the windows down itself, in its own order
     QMetaObject::invokeMethod(
-        qApp, [] { App().Shutdown(); }, Qt::QueuedConnection);
+        qApp,
+        [this] {
+            if (onClose_) {
+                onClose_();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace korval

@@ -2,12 +2,13 @@
 // The one top-level window: the menu tree, the tool bar of picture buttons, the MDI area where
 // the tool windows live, and the status panel with its lamps.
 #include "FormBase.h"
-#include "Pictures.h"
+#include "Lamp.h"
+#include "PictureButton.h"
 
+#include "core/Event.h"
 #include "link/StatusDisplay.h"
 
 #include <QHash>
-#include <QPointer>
 
 #include <functional>
 #include <memory>
@@ -36,7 +37,8 @@ public:
     // Puts a tool window into the MDI area; its close box will only hide it.
     void Adopt(FormBase& form);
 
-    // An entry does something only when its handler exists; the rest stay disabled.
+    // An entry does something only when its handler exists; the rest stay disabled. The tool
+    // bar's button for that entry comes on with it.
     void SetHandler(const QString& menu, std::function<void()> handler);
     bool HasHandler(const QString& menu) const { return handlers_.contains(menu); }
 
@@ -57,6 +59,14 @@ public:
     void PicLocalButton_MouseDown();
     void FontSize(int points);
 
+    // Shutdown's first step: the window no longer follows the driver's events.
+    void ReleaseKdxStatus();
+
+    // Raised by the Stop button once the controller has stopped, before its flag clears.
+    Event<> Stopped;
+    // What closing the main window does: the program's shutdown.
+    void SetOnClose(std::function<void()> onClose) { onClose_ = std::move(onClose); }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -64,9 +74,8 @@ private:
     void buildMenus();
     QWidget* buildToolBar();
     QWidget* buildStatusBar();
-    void wireHandlers();
-    void openHelp(const std::string& folder, const std::string& filter, const std::string& file);
-    void adminPassword(const std::function<void()>& onMatch);
+    void disableUntilWired();
+    void connectPanelButtons();
 
     QHash<QString, QAction*> actions_;
     QHash<QString, std::function<void()>> handlers_;
@@ -79,20 +88,8 @@ private:
     Lamp* online_ = nullptr;
     std::unique_ptr<StatusDisplay> display_;
     int subscriptions_[3] = {0, 0, 0};
+    std::function<void()> onClose_;
     bool closing_ = false;
-};
-
-// Saves the focus and the caret of the field the user types in, and puts them back: picture
-// changes and nested events may move the focus away meanwhile.
-class FocusKeeper {
-public:
-    FocusKeeper();
-    ~FocusKeeper();
-
-private:
-    QPointer<QWidget> window_;
-    QPointer<QWidget> control_;
-    int caret_ = -1;
 };
 
 } // namespace korval

@@ -2,14 +2,18 @@
 // The user's dialogues, as Qt shows them.
 #include "core/Prompts.h"
 
-class QWidget;
 #include <QString>
+
+#include <functional>
+
+class QWidget;
 
 namespace korval {
 
 class QtPrompts final : public Prompts {
 public:
-    explicit QtPrompts(QWidget*& parent) : parent_(parent) {}
+    // `parent` gives the window the dialogues belong to: the main window once it exists.
+    explicit QtPrompts(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
     Answer Message(const std::string& text, const std::string& title, Icon icon,
                    Buttons buttons) override;
     std::optional<std::string> OpenFile(const FileDialog& dialog) override;
@@ -18,7 +22,7 @@ public:
 
 private:
     std::optional<std::string> fileDialog(const FileDialog& dialog, bool save);
-    QWidget*& parent_; // the main window once it exists
+    std::function<QWidget*()> parent_;
 };
 
 // "Text Files (*.txt)|*.txt|" as a Qt name filter: "Text Files (*.txt)".

@@ -1,7 +1,8 @@
 #include "FrmKdxDriverCallback.h"
 
+#include "core/ui/FocusKeeper.h"
 #include "core/ui/FrmDriverDebug.h"
-#include "core/ui/KorvalApp.h"
+#include "core/ui/KorvalServices.h"
 #include "core/ui/MdiKorval.h"
 
 namespace korval {
@@ -19,10 +20,12 @@ FrmKdxDriverCallback::FrmKdxDriverCallback()
         Mode::Append, [this](const std::string& t) { TxtCallbackBuffer_Change(t); }, TextBoxLimit);
     tempBuffer_ = &mail.addBox(Mode::ReplaceLatestOnly); // nothing reads it
     traffic_ = &mail.addBox(Mode::Replace, [&app](const std::string& t) {
-        if (app.debug != nullptr && !t.empty()) {
-            app.debug->Append(t);
+        auto* debug = app.Form<FrmDriverDebug>("FrmDriverDebug");
+        if (debug != nullptr && !t.empty()) {
+            debug->Append(t);
         }
     });
+    app.statusReport = statusReport_;
     app.kdx.SetCallbackTempBuffer(tempBuffer_->sink());
     app.kdx.SetCallbackBuffer(buffer_->sink());
     app.kdx.SetCallbackTerminal(terminal_->sink());
@@ -31,6 +34,7 @@ FrmKdxDriverCallback::FrmKdxDriverCallback()
 }
 
 FrmKdxDriverCallback::~FrmKdxDriverCallback() {
+    App().statusReport = nullptr;
     auto& kdx = App().kdx;
     kdx.SetCallbackTempBuffer(nullptr);
     kdx.SetCallbackBuffer(nullptr);
@@ -42,7 +46,7 @@ FrmKdxDriverCallback::~FrmKdxDriverCallback() {
     }
 }
 
-void FrmKdxDriverCallback::Clear() {
+void FrmKdxDriverCallback::PrepareForSave() {
     for (auto* box : {statusReport_, terminal_, buffer_, tempBuffer_}) {
         box->setText("");
     }

@@ -18,8 +18,8 @@ public:
     Mailbox::Box& Terminal() { return *terminal_; }
     Mailbox::Box& Buffer() { return *buffer_; }
     Mailbox::Box& TempBuffer() { return *tempBuffer_; }
-    // Empties the boxes so nothing transient is kept.
-    void Clear();
+    // Empties the boxes: nothing transient is saved.
+    void PrepareForSave() override;
 
 private:
     void TxtCallbackStatusReport_Change(const std::string& text);

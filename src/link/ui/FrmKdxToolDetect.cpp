@@ -1,10 +1,11 @@
 #include "FrmKdxToolDetect.h"
-#include "core/ui/Latin1.h"
+
+#include "FrmKdxToolSetPort.h"
 
 #include "core/MainWindowRules.h"
-#include "core/ui/KorvalApp.h"
+#include "core/ui/KorvalServices.h"
+#include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
-#include "link/ui/FrmKdxToolSetPort.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -61,7 +62,7 @@ void FrmKdxToolDetect::DetectKdx() {
     abort_->setEnabled(true);
     app.kdx.VerifyStatus();
     HideWindow();
-    auto* setPort = app.setPort;
+    auto* setPort = app.Form<FrmKdxToolSetPort>("FrmKdxToolSetPort");
     setPort->CmbSerialPort()->setCurrentIndex(app.kdx.GetPort());
     if (const int index = BaudIndex(app.kdx.GetBaud()); index > 0) {
         setPort->CmbBaudRate()->setCurrentIndex(index);
@@ -82,28 +83,6 @@ void FrmKdxToolDetect::PicAbort_MouseDown() {
     app.delay.TimeDelay(0.25);
     abort_->showUp();
     app.mdi->raise();
-}
-
-FrmKdxDriverRecovery::FrmKdxDriverRecovery()
-    : FormBase("FrmKdxDriverRecovery", "Driver Recovery Tools") {
-    auto* layout = new QHBoxLayout(this);
-    recover_ = new PictureButton("PicKdxErrorRecoverButton", Symbol::Recover, this);
-    recover_->setToolTip("Free the driver and clear the controller's error");
-    layout->addWidget(recover_);
-    layout->addWidget(new QLabel("Free a hung driver", this));
-    connect(recover_, &PictureButton::pressed, this,
-            [this] { PicKdxErrorRecoverButton_MouseDown(); });
-}
-
-void FrmKdxDriverRecovery::PicKdxErrorRecoverButton_MouseDown() {
-    auto& app = App();
-    recover_->showDown();
-    app.kdx.KillProgram();
-    app.kdx.EscapeDriverFunctionTrue();
-    app.delay.TimeDelay(0.1);
-    app.kdx.EscapeDriverFunctionFalse();
-    recover_->showUp();
-    app.kdx.VerifyStatus();
 }
 
 } // namespace korval

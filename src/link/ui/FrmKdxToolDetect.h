@@ -27,15 +27,4 @@ private:
     Mailbox::Box* progress_;
 };
 
-// One button that frees a hung driver.
-class FrmKdxDriverRecovery final : public FormBase {
-    Q_OBJECT
-public:
-    FrmKdxDriverRecovery();
-    void PicKdxErrorRecoverButton_MouseDown();
-
-private:
-    PictureButton* recover_;
-};
-
 } // namespace korval

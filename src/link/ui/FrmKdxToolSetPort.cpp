@@ -1,7 +1,7 @@
 #include "FrmKdxToolSetPort.h"
 
 #include "core/Numbers.h"
-#include "core/ui/KorvalApp.h"
+#include "core/ui/KorvalServices.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -67,6 +67,14 @@ void FrmKdxToolSetPort::ChkPortOpen_Click() {
     }
 }
 
+void FrmKdxToolSetPort::OpenRestoredPort() {
+    {
+        const QSignalBlocker quiet(open_);
+        open_->setChecked(true);
+    }
+    ChkPortOpen_Click();
+}
+
 void FrmKdxToolSetPort::PortChanged(const std::string& port, const std::string& baud) {
     const int number = static_cast<int>(Val(port));
     if (number != port_->currentIndex()) {
@@ -83,14 +91,6 @@ void FrmKdxToolSetPort::PortOpenOrClosed(const std::string& state) {
     const bool open = state == "Open";
     for (QWidget* w : std::initializer_list<QWidget*>{lblPort_, port_, lblBaud_, baud_}) {
         w->setEnabled(!open);
-    }
-    // While no port is open the terminal cannot send.
-    if (auto* terminal = App().Form("FrmKdxToolTerminal")) {
-        for (const char* name : {"CmdClearBuffer", "CmdSend", "CmdClearBufferSent"}) {
-            if (auto* button = terminal->findChild<QWidget*>(name)) {
-                button->setEnabled(open);
-            }
-        }
     }
     if (open_->isChecked() != open) {
         open_->setChecked(open);

@@ -19,6 +19,8 @@ public:
     QCheckBox* ChkPortOpen() const { return open_; }
 
     void ChkPortOpen_Click();
+    // Start-up: the box checked, which opens the restored port if it is not open yet.
+    void OpenRestoredPort();
     void PortChanged(const std::string& port, const std::string& baud);
     void PortOpenOrClosed(const std::string& state);
 

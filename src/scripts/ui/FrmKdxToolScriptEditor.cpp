@@ -1,13 +1,13 @@
 #include "FrmKdxToolScriptEditor.h"
-#include "core/ui/Latin1.h"
 
 #include "CodeEditor.h"
+#include "FrmMsgBoxCodeFormat.h"
 
 #include "core/ClsReadWriteFile.h"
 #include "core/ui/HourGlass.h"
-#include "core/ui/KorvalApp.h"
-#include "core/ui/Pictures.h"
-#include "link/ui/FrmKdxToolSetPort.h"
+#include "core/ui/KorvalServices.h"
+#include "core/ui/Latin1.h"
+#include "core/ui/PictureButton.h"
 #include "scripts/ScriptText.h"
 
 #include <QApplication>
@@ -25,44 +25,6 @@ namespace {
 const char* const ScriptFilter = "Text Files (*.txt)|*.txt|";
 
 } // namespace
-
-FrmMsgBoxCodeFormat::FrmMsgBoxCodeFormat(QWidget* parent) : QDialog(parent) {
-    setObjectName("FrmMsgBoxCodeFormat");
-    setWindowTitle("Code Format Warning");
-    auto* layout = new QVBoxLayout(this);
-    auto* row = new QHBoxLayout();
-    auto* icon = new QLabel(this);
-    icon->setObjectName("PicMsgType");
-    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(40, 40));
-    auto* message = new QLabel("Warning\n"
-                               "     KORVAL is about to reformat your code.\n"
-                               "     Your original code and comments will be lost\n"
-                               "\n"
-                               "          Do you wish to continue?",
-                               this);
-    message->setObjectName("LblMsg");
-    row->addWidget(icon, 0, Qt::AlignTop);
-    row->addWidget(message, 1);
-    layout->addLayout(row);
-    showComments_ = new QCheckBox("Show Comments", this);
-    showComments_->setObjectName("ChkShowComments");
-    layout->addWidget(showComments_);
-    auto* buttons = new QHBoxLayout();
-    auto* yes = new QPushButton("Yes", this);
-    yes->setObjectName("CmdYes");
-    auto* no = new QPushButton("No", this);
-    no->setObjectName("CmdNo");
-    buttons->addStretch(1);
-    buttons->addWidget(yes);
-    buttons->addWidget(no);
-    layout->addLayout(buttons);
-    connect(yes, &QPushButton::clicked, this, &QDialog::accept);
-    connect(no, &QPushButton::clicked, this, &QDialog::reject);
-}
-
-bool FrmMsgBoxCodeFormat::ShowComments() const {
-    return showComments_->isChecked();
-}
 
 FrmKdxToolScriptEditor::FrmKdxToolScriptEditor()
     : FormBase("FrmKdxToolScriptEditor", "Script Editor") {
@@ -164,7 +126,7 @@ void FrmKdxToolScriptEditor::PicSaveScript_MouseDown() {
     save_->showDown();
     app.delay.TimeDelay(0.25);
     save_->showUp();
-    if (!app.setPort->ChkPortOpen()->isChecked()) {
+    if (!app.PortIsOpen()) {
         return; // saving is tied to an open port, by design
     }
     const auto chosen =

@@ -2,25 +2,13 @@
 // The script editor: write a controller program, lay it out, try it on the controller, save it.
 #include "core/ui/FormBase.h"
 
-#include <QDialog>
-
-class QCheckBox;
+#include <functional>
+#include <optional>
 
 namespace korval {
 
 class CodeEditor;
 class PictureButton;
-
-// "Code Format Warning": reformatting loses the original layout and, unless shown, comments.
-class FrmMsgBoxCodeFormat final : public QDialog {
-    Q_OBJECT
-public:
-    explicit FrmMsgBoxCodeFormat(QWidget* parent);
-    bool ShowComments() const;
-
-private:
-    QCheckBox* showComments_;
-};
 
 class FrmKdxToolScriptEditor final : public FormBase {
     Q_OBJECT

@@ -1,10 +1,9 @@
 #include "FrmKdxToolTerminal.h"
-#include "core/ui/Latin1.h"
 
 #include "CodeEditor.h"
 
-#include "core/ui/KorvalApp.h"
-#include "link/ui/FrmKdxToolSetPort.h"
+#include "core/ui/KorvalServices.h"
+#include "core/ui/Latin1.h"
 #include "scripts/TerminalSend.h"
 
 #include <QCheckBox>
@@ -30,7 +29,7 @@ QString display(const std::string& terminal) {
 }
 
 bool portOpen() {
-    return App().setPort->ChkPortOpen()->isChecked();
+    return App().PortIsOpen();
 }
 
 } // namespace
@@ -74,10 +73,21 @@ FrmKdxToolTerminal::FrmKdxToolTerminal() : FormBase("FrmKdxToolTerminal", "KDX T
     connect(sendButton, &QPushButton::clicked, this, [this] { CmdSend_Click(); });
     connect(clearReceive, &QPushButton::clicked, this, [this] { CmdClearBuffer_Click(); });
     connect(clearSend, &QPushButton::clicked, this, [this] { CmdClearBufferSent_Click(); });
-    // Load: both boxes empty, the timer off until the window is active.
-    const bool open = App().kdx.IsSerialPortOpen();
-    for (QWidget* w : std::initializer_list<QWidget*>{clearReceive, sendButton, clearSend}) {
-        w->setEnabled(open);
+    // Load: both boxes empty, the timer off until the window is active. While no port is
+    // open the terminal cannot send.
+    buttons_ = {clearReceive, sendButton, clearSend};
+    PortOpenOrClosed(App().kdx.IsSerialPortOpen() ? "Open" : "Closed");
+    portSubscription_ =
+        App().kdx.PortOpenOrClosed.subscribe([this](const std::string& s) { PortOpenOrClosed(s); });
+}
+
+FrmKdxToolTerminal::~FrmKdxToolTerminal() {
+    App().kdx.PortOpenOrClosed.unsubscribe(portSubscription_);
+}
+
+void FrmKdxToolTerminal::PortOpenOrClosed(const std::string& state) {
+    for (QWidget* w : buttons_) {
+        w->setEnabled(state == "Open");
     }
 }
 
@@ -93,15 +103,8 @@ void FrmKdxToolTerminal::CmdSend_Click() {
     if (!portOpen()) {
         return;
     }
-    auto& kdx = App().kdx;
     const QString typed = send_->toPlainText();
-    // The box holds line feeds; the program's text has CR LF line ends, as typed on the bench.
-    const auto text = Latin1(QString(typed).replace('\n', "\r\n"));
-    const auto plan = PlanTerminalSend(text);
-    for (const auto action : plan.actions) {
-        action == LinkAction::BringOnline ? kdx.BringOnline() : kdx.BringOffline();
-    }
-    kdx.SendCommandsToPort(plan.toSend);
+    SendTerminalText(Latin1(typed), App().kdx);
     if (!typed.isEmpty() && (history_.isEmpty() || history_.back() != typed)) {
         history_.append(typed);
     }

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <vector>
+
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
@@ -18,12 +20,14 @@ class FrmKdxToolTerminal final : public FormBase {
     Q_OBJECT
 public:
     FrmKdxToolTerminal();
+    ~FrmKdxToolTerminal() override;
 
     void CmdSend_Click();
     void CmdClearBuffer_Click();
     void CmdClearBufferSent_Click();
     void Timer1_Timer();
     void SetActive(bool active); // the timer runs only while the window is the active one
+    void PortOpenOrClosed(const std::string& state);
 
     QPlainTextEdit* TxtReceive() const { return receive_; }
     CodeEditor* TxtSend() const { return send_; }
@@ -44,6 +48,8 @@ private:
     QString shown_;        // what the receive box holds, to append rather than redraw
     QStringList history_;  // texts sent before, for Ctrl+Up and Ctrl+Down
     int recallAt_ = 0;
+    std::vector<QWidget*> buttons_; // usable only while the port is open
+    int portSubscription_ = 0;
 };
 
 } // namespace korval

@@ -5,9 +5,8 @@
 
 #include "core/ClsReadWriteFile.h"
 #include "core/ui/HourGlass.h"
-#include "core/ui/KorvalApp.h"
+#include "core/ui/KorvalServices.h"
 #include "core/ui/MdiKorval.h"
-#include "link/ui/FrmKdxToolSetPort.h"
 #include "scripts/ScriptText.h"
 
 #include <QApplication>
@@ -20,10 +19,6 @@ namespace korval {
 namespace {
 
 const char* const ScriptFilter = "Text Files (*.txt)|*.txt|";
-
-template <typename Form> Form* window(const char* name) {
-    return static_cast<Form*>(App().Form(name));
-}
 
 // The chosen script's text, or empty after a cancel or a file that cannot serve (the user
 // has been told why).
@@ -52,7 +47,7 @@ void OpenScriptForEditing() {
     {
         HourGlass busy;
         text = OpenForEdit(*script, App().commands.AsFormatter());
-        auto* editor = window<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
+        auto* editor = App().Form<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
         editor->SetText(text);
         editor->ShowWindow();
     }
@@ -66,7 +61,7 @@ void OpenScriptForEditing() {
 
 void TransferScript() {
     auto& app = App();
-    if (!app.setPort->ChkPortOpen()->isChecked()) {
+    if (!app.PortIsOpen()) {
         return;
     }
     const auto script = readScript("Open and Transfer KDX Script");
@@ -89,13 +84,12 @@ void TransferScript() {
 }
 
 void WireScriptMenus(MdiKorval& mdi) {
-    auto* terminal = window<FrmKdxToolTerminal>("FrmKdxToolTerminal");
-    auto* editor = window<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
+    auto* terminal = App().Form<FrmKdxToolTerminal>("FrmKdxToolTerminal");
+    auto* editor = App().Form<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
     mdi.SetHandler("MnuToolsTerminal", [terminal] {
         terminal->ShowWindow();
         terminal->SetActive(true);
     });
-    mdi.Button("PicTerminal")->setEnabled(true);
     mdi.SetHandler("MnuToolsScriptEditor", [editor] { editor->ShowWindow(); });
     mdi.SetHandler("MnuFileOpenForEdit", [] { OpenScriptForEditing(); });
     mdi.SetHandler("MnuFileTransfer", [] { TransferScript(); });

@@ -1,0 +1,58 @@
+#include "FormRegistry.h"
+
+#include "core/ui/CoreMenus.h"
+#include "core/ui/FrmDriverDebug.h"
+#include "core/ui/FrmKdxAdmin.h"
+#include "core/ui/FrmMsgBox.h"
+#include "core/ui/KorvalServices.h"
+#include "core/ui/MdiKorval.h"
+#include "link/ui/FrmKdxDriverCallback.h"
+#include "link/ui/FrmKdxDriverRecovery.h"
+#include "link/ui/FrmKdxToolDetect.h"
+#include "link/ui/FrmKdxToolSetPort.h"
+#include "link/ui/LinkMenus.h"
+#include "scripts/ui/FrmKdxToolScriptEditor.h"
+#include "scripts/ui/FrmKdxToolTerminal.h"
+#include "scripts/ui/ScriptMenus.h"
+
+namespace korval {
+
+namespace {
+
+template <typename Window> FormBase* make() {
+    return new Window();
+}
+
+FormBase* bringOnline() {
+    App().kdx.BringOnline(); // so that information windows read a live controller
+    return nullptr;
+}
+
+const FormRow Rows[] = {
+    {make<MdiKorval>, "Status: KORVAL Loaded", Placement::Frame},
+    {nullptr, "Status: Common Components Loaded"}, // the pictures are drawn, ready at once
+    {make<FrmMsgBox>, "Status: Messages Loaded", Placement::Hidden},
+    {make<FrmKdxDriverCallback>, "", Placement::Hidden},
+    {make<FrmDriverDebug>, ""},
+    {make<FrmKdxToolDetect>, "Status: Auto-Detect Loaded"},
+    {make<FrmKdxToolSetPort>, "", Placement::ToolBar},
+    {make<FrmKdxToolTerminal>, "Status: Terminal Loaded"},
+    {make<FrmKdxToolScriptEditor>, "Status: Script Editor Loaded"},
+    {bringOnline, ""},
+    {make<FrmKdxAdmin>, "Status: Administrative Tools Loaded"},
+    {make<FrmKdxDriverRecovery>, "Status: Administrative Driver Tools Loaded"},
+};
+
+const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus};
+
+} // namespace
+
+std::span<const FormRow> FormRegistry() {
+    return Rows;
+}
+
+std::span<const MenuWiring> MenuWirings() {
+    return Wirings;
+}
+
+} // namespace korval

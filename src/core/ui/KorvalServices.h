@@ -1,0 +1,67 @@
+#pragma once
+// The program's global services, created once at start-up and released at the end, and the
+// look-up of its windows by name. Windows reach the services and each other through the one
+// instance, App(); only the start-up knows every window's class.
+#include "FormBase.h"
+#include "QtWaitContext.h"
+
+#include "core/ClsClassIniFile.h"
+#include "core/ClsIniFile.h"
+#include "core/ProgramFolders.h"
+#include "core/Prompts.h"
+#include "link/ClsDriverKdx.h"
+#include "link/ClsKdxCommands.h"
+#include "link/Mailbox.h"
+
+#include <string_view>
+#include <vector>
+
+namespace korval {
+
+class MdiKorval;
+class FrmKdxToolSplash;
+
+class KorvalServices {
+public:
+    KorvalServices(Prompts& prompts, ProgramFolders folders);
+    ~KorvalServices();
+    KorvalServices(const KorvalServices&) = delete;
+    KorvalServices& operator=(const KorvalServices&) = delete;
+
+    // The loaded window of that name or virtual name; null when it does not exist (yet) or is
+    // of another class.
+    template <typename Window> Window* Form(std::string_view name) const {
+        return dynamic_cast<Window*>(FindForm(name));
+    }
+    FormBase* FindForm(std::string_view name) const;
+    bool IsVisible(std::string_view name) const;
+
+    // Whether the port is open; the port window's "Port Open" box follows this.
+    bool PortIsOpen();
+
+    // Flags of the main window's buttons, read by the terminal's timer.
+    bool stopFlag = false;
+    bool runFlag = false;
+
+    Prompts& prompts;
+    ProgramFolders folders;
+    QtWaitContext wait;
+    ClsTimeDelay delay{wait};
+    ClsDriverKdx kdx{delay};
+    ClsKdxCommands commands;
+    ClsIniFile iniFile;
+    ClsClassIniFile classIniFile;
+    Mailbox mailbox;
+    // The driver's status report sink, once the callback window has registered it.
+    Mailbox::Box* statusReport = nullptr;
+
+    // The frame and the splash: the kit's own windows, which every room addresses.
+    MdiKorval* mdi = nullptr;
+    FrmKdxToolSplash* splash = nullptr;
+    // Every loaded window in load order: the record of what is saved and unloaded.
+    std::vector<FormBase*> forms;
+};
+
+KorvalServices& App();
+
+} // namespace korval
