@@ -53,11 +53,11 @@ KdxLanguage::KdxLanguage(const SimOptions& options, const BenchInputs& bench,
     : options_(options), bench_(bench), settings_(settings), out_(out), programs_(programs),
       motion_(motion), runner_(runner) {}
 
-void KdxLanguage::hear(const KdxFraming::Item& item) {
-    if (item.immediate) {
-        immediate(item.text[0], item.priv);
+void KdxLanguage::hear(const KdxFraming::Item& heard) {
+    if (heard.immediate) {
+        immediate(heard.text[0], heard.priv);
     } else {
-        this->item(item.text, item.priv);
+        item(heard.text, heard.priv);
     }
 }
 

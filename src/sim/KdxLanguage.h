@@ -18,7 +18,7 @@ public:
     KdxLanguage(const SimOptions& options, const BenchInputs& bench, SettingsStore& settings,
                 KdxFraming& out, ProgramStore& programs, KdxMotion& motion, ProgramRunner& runner);
 
-    void hear(const KdxFraming::Item& item);
+    void hear(const KdxFraming::Item& heard);
     std::string statusCode() const;
     bool online() const { return online_; }
     void powerUp() { online_ = true; }
