@@ -57,6 +57,17 @@ bool ArrangementHasAxis(const std::string& arrangement, int axis) {
     return onController <= modelOf(arrangement, controller);
 }
 
+AxisState StateOfAxis(const SimOptions& options, int axis) {
+    if (options.silentAxes & (1 << (axis - 1))) {
+        return AxisState::Silent;
+    }
+    if (ArrangementHasAxis(options.arrangement, axis)) {
+        return AxisState::Present;
+    }
+    return ArrangementHasController(options.arrangement, (axis + 1) / 2) ? AxisState::OneMotor
+                                                                         : AxisState::NoController;
+}
+
 bool ParseSimOptions(const std::string& text, SimOptions& options, std::string& error) {
     SimOptions o = options;
     std::stringstream items(text);

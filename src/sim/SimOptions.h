@@ -28,4 +28,13 @@ bool ParseSimOptions(const std::string& text, SimOptions& options, std::string& 
 bool ArrangementHasAxis(const std::string& arrangement, int axis);
 bool ArrangementHasController(const std::string& arrangement, int controller);
 
+// How the chain meets a query about an axis.
+enum class AxisState {
+    Present,
+    OneMotor,     // its controller drives one motor: "J"
+    NoController, // the chain has no controller for it: "ËB"
+    Silent,       // no answer, not even a frame
+};
+AxisState StateOfAxis(const SimOptions& options, int axis);
+
 } // namespace korval::sim
