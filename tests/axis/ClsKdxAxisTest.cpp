@@ -145,7 +145,7 @@ TEST_F(AxisFixture, RestoreWritesWhatWasReadAndLeavesTheFieldsAlone) {
 }
 
 TEST_F(AxisFixture, AFailedWriteStillKeepsTheNewSettingAndPassesTheResultOn) {
-    fake.setResult = 0;
+    fake.setFailures = 2;
     EXPECT_EQ(axes.Axis1.SetMotorSetting(1, 4), 0);
     EXPECT_EQ(axes.Axis1.SetLimitSetting(1, -1), 0);
     EXPECT_EQ(axes.Axis1.GetMotorSetting(), "4");

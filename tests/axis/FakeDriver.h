@@ -16,13 +16,13 @@ struct FakeKdx {
     std::vector<std::string> calls;
     std::map<int, int> motor{{1, 0}, {2, 0}, {3, 0}, {4, 0}}; // what GetMotor reads
     std::map<int, int> limit{{1, 0}, {2, 0}, {3, 0}, {4, 0}};
-    int setResult = 1; // what SetMotor and SetLimit give: 0 is a write the controller missed
+    int setFailures = 0; // how many SetMotor and SetLimit calls to come go unanswered (0)
     int runResult = 1;
     int waitResult = 1;
     int possible = 2;
     int actual = 2;
     std::string status = "ONLINEREADY";
-    std::string position = "0";
+    std::vector<std::string> positions; // read in turn; "0" once they run out
 };
 
 inline FakeKdx fake;
@@ -41,17 +41,21 @@ inline KdxDriverTable FakeTable() {
     };
     t.SetMotor = [](std::int32_t m, std::int32_t v) {
         fake.calls.push_back("setM" + std::to_string(m) + "M" + std::to_string(v));
-        if (fake.setResult == 1) {
-            fake.motor[m] = v;
+        if (fake.setFailures > 0) {
+            --fake.setFailures;
+            return std::int32_t{0};
         }
-        return std::int32_t{fake.setResult};
+        fake.motor[m] = v;
+        return std::int32_t{1};
     };
     t.SetLimit = [](std::int32_t m, std::int32_t v) {
         fake.calls.push_back("setL" + std::to_string(m) + "M" + std::to_string(v));
-        if (fake.setResult == 1) {
-            fake.limit[m] = v;
+        if (fake.setFailures > 0) {
+            --fake.setFailures;
+            return std::int32_t{0};
         }
-        return std::int32_t{fake.setResult};
+        fake.limit[m] = v;
+        return std::int32_t{1};
     };
     t.GetMotor = [](std::int32_t m) {
         fake.calls.push_back("getM" + std::to_string(m));
@@ -71,7 +75,12 @@ inline KdxDriverTable FakeTable() {
     };
     t.GetMotorPosition = [](std::int32_t m) {
         fake.calls.push_back("position " + std::to_string(m));
-        return fakeText(fake.position);
+        if (fake.positions.empty()) {
+            return fakeText("0");
+        }
+        const auto text = fake.positions.front();
+        fake.positions.erase(fake.positions.begin());
+        return fakeText(text);
     };
     t.VerifyControlStatus = [] { return fakeText(fake.status); };
     t.PossibleNumOfMotors = [] {
