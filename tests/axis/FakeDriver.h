@@ -39,6 +39,10 @@ inline KdxDriverTable FakeTable() {
         fake.calls.push_back(std::string("send ") + text);
         return std::int32_t{1};
     };
+    t.ClearPort = [] {
+        fake.calls.push_back("clear");
+        return std::int32_t{1};
+    };
     t.SetMotor = [](std::int32_t m, std::int32_t v) {
         fake.calls.push_back("setM" + std::to_string(m) + "M" + std::to_string(v));
         if (fake.setFailures > 0) {
