@@ -7,8 +7,6 @@ namespace korval {
 
 class AxisSet {
 public:
-    static constexpr int Count = 4;
-
     explicit AxisSet(ClsDriverKdx& driver)
         : Axis1(driver), Axis2(driver), Axis3(driver), Axis4(driver) {}
 

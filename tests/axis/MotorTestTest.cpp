@@ -179,16 +179,6 @@ TEST_F(MotorTestFixture, AControllerThatNeverAnswersAgainIsReportedNotRestored) 
         << "the lists don't claim settings the controller may not hold";
 }
 
-TEST_F(MotorTestFixture, SilenceDuringAMoveEndsTheTestAndRestores) {
-    fake.status = "ERRORCOMMUNICATIONS"; // what the status check after the run reads
-    const auto result = run();
-    EXPECT_EQ(result.outcome, MotorTestOutcome::Restored);
-    EXPECT_EQ(fake.calls, (std::vector<std::string>{"getM2", "getL2", "setM2M3", "setL2M1",
-                                                    "send C,S2M2000,,I2M400", "run 10000",
-                                                    "setM2M5", "setL2M-2"}));
-    EXPECT_EQ(prompts.shown, std::vector<std::string>{RestoredBox});
-}
-
 TEST_F(MotorTestFixture, StopEndsTheTestAfterTheMoveUnderWayAndRestores) {
     view.onPosition = [this] { stop = true; };
     const auto result = run();
@@ -197,11 +187,4 @@ TEST_F(MotorTestFixture, StopEndsTheTestAfterTheMoveUnderWayAndRestores) {
                                                     "send C,S2M2000,,I2M400", "run 10000",
                                                     "position 2", "setM2M5", "setL2M-2"}));
     EXPECT_EQ(prompts.shown, std::vector<std::string>{RestoredBox});
-}
-
-TEST_F(MotorTestFixture, TheRecordOfTheToolsRowKeepsTheNewSettingEvenWhenRestored) {
-    prompts.answer({No});
-    run(2);
-    EXPECT_EQ(axes.Axis2.GetMotorSetting(), "3");
-    EXPECT_EQ(axes.Axis2.GetLimitSetting(), "1");
 }

@@ -226,13 +226,6 @@ TEST_F(WizardFixture, ThePossibleCountSwitchesTheThirdAndFourthAxisEverywhere) {
     }
 }
 
-TEST_F(WizardFixture, UnknownArrangementOnTwoMotorsNeverAsksAboutAxesThreeOrFour) {
-    prompts.answer({Yes});
-    run(2, 64);
-    EXPECT_EQ(boxes(), (std::vector<std::string>{"axis 2", "done"}));
-    EXPECT_EQ(windows.optMotor34, false);
-}
-
 TEST_F(WizardFixture, AnAxisGoesThroughItsFourPagesAfterLoading) {
     run(2, 1);
     EXPECT_EQ(windows.log,
