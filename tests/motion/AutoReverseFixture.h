@@ -15,14 +15,19 @@
 namespace korval::testing {
 
 struct RecordedPrompts final : Prompts {
-    std::vector<std::string> shown; // "title: text"
+    std::vector<std::string> shown;    // "title: text"
+    std::optional<std::string> saveAs; // the save dialog's answer; none is a cancel
+    std::vector<FileDialog> dialogs;
 
     Answer Message(const std::string& text, const std::string& title, Icon, Buttons) override {
         shown.push_back(title + ": " + text);
         return Answer::Ok;
     }
     std::optional<std::string> OpenFile(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> SaveFile(const FileDialog&) override { return std::nullopt; }
+    std::optional<std::string> SaveFile(const FileDialog& d) override {
+        dialogs.push_back(d);
+        return saveAs;
+    }
     std::string InputBox(const std::string&, const std::string&) override { return {}; }
 };
 
