@@ -2,6 +2,7 @@
 
 #include "AutoReverseLists.h"
 
+#include "axis/ClsKdxAxis.h"
 #include "core/Numbers.h"
 #include "core/Text.h"
 
@@ -17,22 +18,6 @@ std::string num(const std::string& text) {
     return NumToText(Val(text));
 }
 
-std::string cleaned(std::string text, double lowest, double highest) {
-    ReplaceAll(text, "\r\n", "\r");
-    std::erase(text, '\r');
-    std::erase(text, '+');
-    const double v = Val(text);
-    if (v < lowest) {
-        return NumToText(lowest);
-    }
-    if (v > highest) {
-        return NumToText(highest);
-    }
-    return NumToText(v);
-}
-
-constexpr double PositionLimit = 16777215;
-constexpr double FastestSpeed = 6000;
 constexpr double FastestSeek = 2000;
 constexpr double LongestPause = 6553.5;
 constexpr double MostRepeats = 65535;
@@ -49,11 +34,11 @@ AutoReverseGenerator::AutoReverseGenerator(Prompts& prompts, Formatter format,
     : prompts_(prompts), format_(std::move(format)), controller_(controller) {}
 
 std::string AutoReverseGenerator::FormatPosition(std::string text) {
-    return cleaned(std::move(text), -PositionLimit, PositionLimit);
+    return ClsKdxAxis::FormatPosition(text);
 }
 
 std::string AutoReverseGenerator::FormatSpeed(std::string text) {
-    return cleaned(std::move(text), 0, FastestSpeed);
+    return ClsKdxAxis::FormatVelocity(text);
 }
 
 bool AutoReverseGenerator::HomeInstanceShown() const {

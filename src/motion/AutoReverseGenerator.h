@@ -92,8 +92,7 @@ public:
     // The instance combo is shown for the limit start styles only; hidden, it gives "LM0,".
     bool HomeInstanceShown() const;
 
-    // The two text cleaners: "+", CR LF and CR removed, the number reprinted, then held to the
-    // position register (-16777215 to 16777215) or to the speed range (0 to 6000).
+    // The axis's two text cleaners, for a position box and for a speed box.
     static std::string FormatPosition(std::string text);
     static std::string FormatSpeed(std::string text);
 
