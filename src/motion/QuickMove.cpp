@@ -2,6 +2,7 @@
 
 #include "QuickMoveUnits.h"
 
+#include "axis/AxisSet.h"
 #include "core/Currency.h"
 #include "core/Numbers.h"
 
@@ -66,6 +67,16 @@ QuickMoveOutcome PlanQuickMoveSingle(std::int32_t motor, int axisCount, std::str
     }
     return {QuickMoveRefusal::None,
             {head + "-" + StepsText(*d) + ",", QuickMoveWait::RunAndWait, waitLimit(*v, *d)}};
+}
+
+QuickMoveOutcome PlanQuickMoveSingle(AxisSet& axes, std::int32_t motor, int axisCount,
+                                     std::string_view velocity, std::string_view distance,
+                                     QuickMoveDirection direction) {
+    const auto* axis = axes.ByNumber(motor);
+    if (axis == nullptr) {
+        return {QuickMoveRefusal::NoSuchAxis, {}};
+    }
+    return PlanQuickMoveSingle(motor, axisCount, axis->GetAdvStep(), velocity, distance, direction);
 }
 
 QuickMoveOutcome PlanQuickMoveMulti(const QuickMoveGroup& group1, const QuickMoveGroup& group2,

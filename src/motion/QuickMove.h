@@ -12,6 +12,8 @@
 
 namespace korval {
 
+class AxisSet;
+
 enum class QuickMoveDirection { Negative, Positive };
 
 // How the program waits once the command is sent.
@@ -55,6 +57,11 @@ bool AxisAvailable(std::int32_t motor, int axisCount);
 // One axis: "C,S{m}M{v},I{m}M{d},R" for the positive arrow; "C,S{m}M{v},I{m}M-{d}," for the
 // negative one, which is then run and waited for. The advance is the axis's text.
 QuickMoveOutcome PlanQuickMoveSingle(std::int32_t motor, int axisCount, std::string_view advStep,
+                                     std::string_view velocity, std::string_view distance,
+                                     QuickMoveDirection direction);
+
+// The same with the advance per step of that axis's record; an axis with no record is absent.
+QuickMoveOutcome PlanQuickMoveSingle(AxisSet& axes, std::int32_t motor, int axisCount,
                                      std::string_view velocity, std::string_view distance,
                                      QuickMoveDirection direction);
 

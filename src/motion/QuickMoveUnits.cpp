@@ -1,5 +1,6 @@
 #include "QuickMoveUnits.h"
 
+#include "axis/ClsKdxAxis.h"
 #include "core/Numbers.h"
 
 #include <cmath>
@@ -107,6 +108,10 @@ void AdvStepChanged(VelDist& boxes, std::string_view oldAdvStep, std::string_vie
             *box = FormatUnits(*v / old * now);
         }
     }
+}
+
+void AdvStepChanged(VelDist& boxes, const ClsKdxAxis& axis) {
+    AdvStepChanged(boxes, axis.GetOldAdvStep(), axis.GetAdvStep());
 }
 
 void RestoreGroup(VelDist& boxes, bool chosen, double advance) {

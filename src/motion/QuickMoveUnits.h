@@ -7,6 +7,8 @@
 
 namespace korval {
 
+class ClsKdxAxis;
+
 // A box as the windows read it: thousands commas allowed (the windows write them), then the
 // leading number; 0 when there is none.
 double BoxValue(std::string_view text);
@@ -35,6 +37,8 @@ void CalcVelDist(VelDist& boxes, std::string_view advStep);
 // The advance per step of the shown axis changed: each box keeps the steps it stands for. An old
 // advance of none converts nothing; of 0 it counts as 1. A box without a number is left alone.
 void AdvStepChanged(VelDist& boxes, std::string_view oldAdvStep, std::string_view newAdvStep);
+// The same across the change the axis has just made, for its AdvStepChanged event.
+void AdvStepChanged(VelDist& boxes, const ClsKdxAxis& axis);
 
 // A group of the simultaneous window counts, for its move and for converting its units, when
 // its motor is chosen and its distance is a number other than 0 to seven decimals.
