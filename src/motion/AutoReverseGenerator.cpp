@@ -1,5 +1,6 @@
 #include "AutoReverseGenerator.h"
 
+#include "AutoReverseLayout.h"
 #include "AutoReverseLists.h"
 
 #include "axis/ClsKdxAxis.h"
@@ -42,8 +43,7 @@ std::string AutoReverseGenerator::FormatSpeed(std::string text) {
 }
 
 bool AutoReverseGenerator::HomeInstanceShown() const {
-    return settings.CmbHomeStyle == StartStyle::NegativeLimit ||
-           settings.CmbHomeStyle == StartStyle::PositiveLimit;
+    return LayoutFor(settings).homeLimitControlsShown;
 }
 
 // ---- sections ----------------------------------------------------------------------------
@@ -60,8 +60,7 @@ void AutoReverseGenerator::UpDateHome() {
         line(section, "PM-4,");
     }
     seekSpeedCheck(SpeedBox::Home);
-    const bool fromLimit = HomeInstanceShown();
-    if (fromLimit) {
+    if (StartsFromLimit(s.CmbHomeStyle)) {
         UpDateSpeed(SpeedBox::Home, section);
     }
     const auto h = num(s.TxtHomePosition);
@@ -84,7 +83,8 @@ void AutoReverseGenerator::UpDateHome() {
     s.TxtHomePosition = FormatPosition(s.TxtHomePosition);
     // A once-only start goes to program 4; the repeated part then begins program 0 and needs no
     // loop marker.
-    if (!fromLimit || instance == StartInstance::Blank || instance == StartInstance::EveryRun) {
+    if (!HomeInstanceShown() || instance == StartInstance::Blank ||
+        instance == StartInstance::EveryRun) {
         line(section, "LM0,");
     } else if (instance == StartInstance::OnceAfterPowerUp) {
         line(section, "PM-0,");
@@ -209,7 +209,7 @@ void AutoReverseGenerator::ChooseHomeStyle(int index) {
     settings.CmbHomeStyle = static_cast<StartStyle>(index);
     if (settings.CmbHomeStyle == StartStyle::CurrentLocation) {
         ChooseMovePosition(static_cast<int>(MoveMode::Teach));
-    } else if (HomeInstanceShown()) {
+    } else if (StartsFromLimit(settings.CmbHomeStyle)) {
         settings.TxtHomePosition = "400";
         ChooseMovePosition(static_cast<int>(MoveMode::Distance));
     }
@@ -223,7 +223,7 @@ void AutoReverseGenerator::ChooseHomeIO(int index) {
 
 void AutoReverseGenerator::ChooseMovePosition(int index) {
     // Teaching is offered from the current location only.
-    if (index == static_cast<int>(MoveMode::Teach) && HomeInstanceShown()) {
+    if (index == static_cast<int>(MoveMode::Teach) && StartsFromLimit(settings.CmbHomeStyle)) {
         index = static_cast<int>(MoveMode::Distance);
     }
     settings.CmbMovePosition = static_cast<MoveMode>(index);

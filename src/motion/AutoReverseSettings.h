@@ -8,6 +8,9 @@ namespace korval {
 
 // The combo lists' meanings, by index.
 enum class StartStyle { CurrentLocation = 0, NegativeLimit = 1, PositiveLimit = 2 };
+inline bool StartsFromLimit(StartStyle style) {
+    return style == StartStyle::NegativeLimit || style == StartStyle::PositiveLimit;
+}
 enum class StartInstance { NotChosen = -1, Blank = 0, EveryRun = 1, OnceAfterPowerUp = 2 };
 enum class MoveMode { Teach = 0, Distance = 1, ToPositiveLimit = 2, ToNegativeLimit = 3 };
 // Index 0 is "no action" in the options list and "Move to Start" in the return list.

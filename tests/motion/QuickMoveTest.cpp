@@ -6,10 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <cstring>
-#include <deque>
-
 using namespace korval;
 
 namespace {
@@ -240,73 +236,8 @@ TEST(QuickMoveUnits, GroupsConvertWhenTheyTakePartAndAreTidied) {
     }
 }
 
-namespace {
-
-// A driver that records each call and reports the status words it is given, in turn.
-struct StatusScript {
-    std::vector<std::string> calls;
-    std::deque<std::string> words;
-};
-StatusScript script;
-
-struct SteppedClock final : WaitContext {
-    Clock::time_point t{};
-    Clock::time_point now() override { return t; }
-    void runEvents(Clock::duration budget) override { t += budget; }
-};
-
-KdxDriverTable scriptedTable() {
-    KdxDriverTable t;
-    t.SendToPort = [](char* text) {
-        script.calls.push_back(std::string("send ") + text);
-        return std::int32_t{1};
-    };
-    t.RunProgramAndWaitForFinish = [](std::int64_t limit) {
-        script.calls.push_back("run " + std::to_string(limit));
-        return std::int32_t{1};
-    };
-    t.VerifyControlStatus = [] {
-        const auto word = script.words.empty() ? std::string("ONLINEREADY") : script.words.front();
-        if (!script.words.empty()) {
-            script.words.pop_front();
-        }
-        script.calls.push_back("status " + word);
-        return strdup(word.c_str());
-    };
-    t.FreeText = [](char* text) { std::free(text); };
-    return t;
-}
-
-} // namespace
-
-TEST(QuickMoveSend, EachPlanWaitsItsOwnWay) {
-    SteppedClock clock;
-    ClsTimeDelay delay(clock);
-    ClsDriverKdx kdx(delay);
-    kdx.AttachTable(scriptedTable());
-
-    script = {};
-    SendQuickMove(kdx, delay, {"C,S1M2000,I1M400,R", W::None, 0});
-    EXPECT_EQ(script.calls, std::vector<std::string>{"send C,S1M2000,I1M400,R"});
-
-    script = {};
-    SendQuickMove(kdx, delay, {"C,S1M2000,I1M-400,", W::RunAndWait, 6});
-    ASSERT_GE(script.calls.size(), 2u);
-    EXPECT_EQ(script.calls[0], "send C,S1M2000,I1M-400,");
-    EXPECT_EQ(script.calls[1], "run 60000") << "six seconds in the driver's fixed point";
-
-    script = {};
-    script.words = {"BUSY", "BUSY", "ONLINEREADY"};
-    const auto start = clock.t;
-    SendQuickMove(kdx, delay, {"C,(),R", W::WhileBusy, 0});
-    EXPECT_EQ(script.calls, (std::vector<std::string>{"send C,(),R", "status BUSY", "status BUSY",
-                                                      "status ONLINEREADY"}));
-    EXPECT_GE(clock.t - start, std::chrono::milliseconds(1600)) << "0.1 s, then 0.5 s a round";
-    EXPECT_EQ(kdx.LastStatus, "ONLINEREADY");
-}
-
 TEST(QuickMoveAxis, TheAxisEventKeepsTheStepsOfTheShownBoxes) {
-    SteppedClock clock;
+    SleepingWaitContext clock;
     ClsTimeDelay delay(clock);
     ClsDriverKdx kdx(delay);
     AxisSet axes(kdx);
