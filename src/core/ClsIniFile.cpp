@@ -39,7 +39,9 @@ IniDocument& ClsIniFile::load(const std::string& file) {
             setAside(file, identity.size);
             identity = identityOf(file);
         }
-        const auto bytes = identity.size >= 0 ? readWholeFile(file) : std::nullopt;
+        // A file that could not be set aside is still not read.
+        const bool readable = identity.size >= 0 && identity.size <= LargestFile;
+        const auto bytes = readable ? readWholeFile(file) : std::nullopt;
         cached_ = IniDocument::parse(bytes.value_or(std::string()));
         cachedFile_ = file;
         cachedIdentity_ = identity;
