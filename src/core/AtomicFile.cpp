@@ -2,8 +2,12 @@
 
 #include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
+#include <limits>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -34,6 +38,13 @@ void AtomicFile::discard() {
 
 bool AtomicFile::open() {
     discard();
+    // Renaming would replace a file whose owner made it read-only; the user meant it to stay.
+    if (struct stat target{};
+        ::stat(path_.c_str(), &target) == 0 &&
+        ((target.st_mode & 0222) == 0 || ::access(path_.c_str(), W_OK) != 0)) {
+        errno = EACCES;
+        return fail("cannot replace the read-only file");
+    }
     static std::atomic<unsigned> counter{0};
     for (int attempt = 0; attempt < 100; ++attempt) {
         tempPath_ = path_ + ".tmp" + std::to_string(::getpid()) + "-" + std::to_string(counter++);
@@ -91,6 +102,38 @@ bool AtomicFile::commit() {
     }
     tempPath_.clear();
     return true;
+}
+
+int RemoveLeftoverTemporaries(const std::string& path) {
+    const std::filesystem::path target(path);
+    const auto prefix = target.filename().string() + ".tmp";
+    int removed = 0;
+    std::error_code ec;
+    for (const auto& entry : std::filesystem::directory_iterator(
+             target.has_parent_path() ? target.parent_path() : ".", ec)) {
+        const auto name = entry.path().filename().string();
+        if (!name.starts_with(prefix)) {
+            continue;
+        }
+        // "<name>.tmp<pid>-<count>", as open() makes them.
+        const auto rest = std::string_view(name).substr(prefix.size());
+        const auto dash = rest.find('-');
+        long long pid = 0;
+        const auto [end, err] = std::from_chars(rest.data(), rest.data() + dash, pid);
+        if (dash == std::string_view::npos || dash == 0 || err != std::errc() ||
+            end != rest.data() + dash || rest.size() == dash + 1 ||
+            rest.find_first_not_of("0123456789", dash + 1) != std::string_view::npos || pid <= 0 ||
+            pid > std::numeric_limits<pid_t>::max()) {
+            continue;
+        }
+        // A save still under way in a running program is left alone.
+        if (::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM) {
+            continue;
+        }
+        std::error_code removeError;
+        removed += std::filesystem::remove(entry.path(), removeError) ? 1 : 0;
+    }
+    return removed;
 }
 
 bool writeFileAtomically(const std::string& path, std::string_view bytes) {

@@ -29,6 +29,10 @@ private:
     std::string error_;
 };
 
+// Removes the temporary files that saves of `path` left when their program was killed (those of
+// a program still running are kept); the count removed. The start-up calls it for the settings.
+int RemoveLeftoverTemporaries(const std::string& path);
+
 // One-shot form: true when the file now holds exactly `bytes`.
 bool writeFileAtomically(const std::string& path, std::string_view bytes);
 

@@ -1,6 +1,7 @@
 #include "ClsClassIniFile.h"
 
 #include "Numbers.h"
+#include "SettingsValue.h"
 
 namespace korval {
 
@@ -67,12 +68,8 @@ void ClsClassIniFile::readControls(WalkedForm& form, const std::string& file) {
         if (value.empty()) {
             continue; // an empty item leaves the control as it is
         }
-        if (control->Kind() == ControlKind::Text) {
-            control->SetValue(value);
-        } else if (control->Kind() == ControlKind::Option) {
-            control->SetValue(BooleanFromText(value) ? "True" : "False");
-        } else {
-            control->SetValue(NumToText(Round(Val(value))));
+        if (const auto checked = CheckedSettingsValue(control->Kind(), value)) {
+            control->SetValue(*checked);
         }
     }
 }

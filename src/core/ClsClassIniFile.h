@@ -20,7 +20,8 @@ public:
     // The saved value as text: "True"/"False" for a menu's Enabled and an option button,
     // the index for a combo box (-1 for none), 0/1 for a check box, the text of a text box.
     virtual std::string Value() const = 0;
-    // Restoring runs the control's own change handler, as a user's change would.
+    // Restoring runs the control's own change handler, as a user's change would. The value has
+    // been checked for its kind (SettingsValue.h); a control that cannot take it keeps its own.
     virtual void SetValue(const std::string& value) = 0;
 };
 

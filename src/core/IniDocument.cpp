@@ -3,20 +3,19 @@
 #include "Text.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace korval {
 
 namespace {
 
-bool sameName(std::string_view a, std::string_view b) {
-    a = TrimBlanks(a);
-    b = TrimBlanks(b);
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               const auto lower = [](char c) {
-                   return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-               };
-               return lower(x) == lower(y);
-           });
+// A name as lookup sees it: without the blanks around it, letters in lower case.
+std::string folded(std::string_view name) {
+    std::string out(TrimBlanks(name));
+    for (auto& c : out) {
+        c = (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    return out;
 }
 
 // Splits at CR LF, CR or LF alike.
@@ -38,7 +37,32 @@ std::vector<std::string_view> splitLines(std::string_view text) {
     return lines;
 }
 
+// A key as written. One that begins with two tabs would be read back as the continuation of
+// an item before it, which merging duplicate sections can put there: one tab less keeps it a key.
+std::string_view writtenKey(std::string_view key) {
+    while (key.starts_with("\t\t")) {
+        key.remove_prefix(1);
+    }
+    return key;
+}
+
 } // namespace
+
+void IniDocument::Section::reindex() {
+    firstItem.clear();
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (lines[i].isItem) {
+            firstItem.emplace(folded(lines[i].key), i);
+        }
+    }
+}
+
+void IniDocument::reindexNames() {
+    byName_.clear();
+    for (std::size_t i = 0; i < sections_.size(); ++i) {
+        byName_[folded(sections_[i].name)].push_back(i);
+    }
+}
 
 IniDocument IniDocument::parse(std::string_view bytes) {
     IniDocument doc;
@@ -53,7 +77,7 @@ IniDocument IniDocument::parse(std::string_view bytes) {
         if (text.starts_with('[')) {
             const auto close = text.find(']');
             auto name = text.substr(1, close == std::string_view::npos ? text.npos : close - 1);
-            doc.sections_.push_back({std::string(TrimBlanks(name)), {}});
+            doc.sections_.push_back({std::string(TrimBlanks(name)), {}, {}});
             target = &doc.sections_.back().lines;
             continue;
         }
@@ -68,68 +92,63 @@ IniDocument IniDocument::parse(std::string_view bytes) {
         }
         target->push_back(std::move(line));
     }
+    for (auto& section : doc.sections_) {
+        section.reindex();
+    }
+    doc.reindexNames();
     return doc;
 }
 
 std::string IniDocument::serialize() const {
     std::string out;
-    const auto writeLines = [&out](const std::vector<Line>& lines) {
-        for (const auto& line : lines) {
-            out += line.isItem ? line.key + "=" + line.value : line.value;
+    const auto writeLine = [&out](const Line& line) {
+        if (line.isItem) {
+            out += writtenKey(line.key);
+            out += '=';
+        }
+        out += line.value;
+        out += "\r\n";
+        for (const auto& more : line.continuation) {
+            out += more;
             out += "\r\n";
-            for (const auto& more : line.continuation) {
-                out += more + "\r\n";
-            }
         }
     };
-    writeLines(preamble_);
-    std::vector<const Section*> written;
+    for (const auto& line : preamble_) {
+        writeLine(line);
+    }
+    std::unordered_set<std::string> writtenSections;
     for (const auto& section : sections_) {
-        if (std::any_of(written.begin(), written.end(),
-                        [&](const Section* s) { return sameName(s->name, section.name); })) {
+        auto name = folded(section.name);
+        if (!writtenSections.insert(name).second) {
             continue;
         }
-        written.push_back(&section);
         // A section named twice is written once, with the first value of every key.
-        std::vector<Line> merged;
-        for (const auto& same : sections_) {
-            if (!sameName(same.name, section.name)) {
-                continue;
-            }
-            for (const auto& line : same.lines) {
-                const bool duplicate =
-                    line.isItem && std::any_of(merged.begin(), merged.end(), [&](const Line& l) {
-                        return l.isItem && sameName(l.key, line.key);
-                    });
-                if (!duplicate) {
-                    merged.push_back(line);
+        out += "[" + section.name + "]\r\n";
+        std::unordered_set<std::string> keys;
+        for (const auto index : byName_.at(name)) {
+            for (const auto& line : sections_[index].lines) {
+                if (!line.isItem || keys.insert(folded(line.key)).second) {
+                    writeLine(line);
                 }
             }
         }
-        out += "[" + section.name + "]\r\n";
-        writeLines(merged);
     }
     return out;
 }
 
 std::optional<std::string> IniDocument::get(std::string_view section, std::string_view key) const {
-    for (const auto& s : sections_) {
-        if (!sameName(s.name, section)) {
-            continue;
-        }
-        for (const auto& line : s.lines) {
-            if (line.isItem && sameName(line.key, key)) {
-                return std::string(TrimBlanks(line.value));
-            }
+    const auto named = byName_.find(folded(section));
+    if (named == byName_.end()) {
+        return std::nullopt;
+    }
+    const auto wanted = folded(key);
+    for (const auto index : named->second) {
+        const auto& s = sections_[index];
+        if (const auto found = s.firstItem.find(wanted); found != s.firstItem.end()) {
+            return std::string(TrimBlanks(s.lines[found->second].value));
         }
     }
     return std::nullopt;
-}
-
-IniDocument::Section* IniDocument::findSection(std::string_view name) {
-    const auto it = std::find_if(sections_.begin(), sections_.end(),
-                                 [&](const Section& s) { return sameName(s.name, name); });
-    return it == sections_.end() ? nullptr : &*it;
 }
 
 void IniDocument::set(std::string_view section, std::string_view key, std::string_view value) {
@@ -141,35 +160,55 @@ void IniDocument::set(std::string_view section, std::string_view key, std::strin
     for (std::size_t i = 1; i < parts.size(); ++i) {
         line.continuation.push_back("\t\t" + std::string(parts[i]));
     }
-    auto* s = findSection(section);
-    if (s == nullptr) {
-        sections_.push_back({std::string(TrimBlanks(section)), {}});
-        s = &sections_.back();
+    const auto name = folded(section);
+    auto named = byName_.find(name);
+    if (named == byName_.end()) {
+        sections_.push_back({std::string(TrimBlanks(section)), {}, {}});
+        named = byName_.emplace(name, std::vector<std::size_t>{sections_.size() - 1}).first;
     }
-    const auto it = std::find_if(s->lines.begin(), s->lines.end(),
-                                 [&](const Line& l) { return l.isItem && sameName(l.key, key); });
-    if (it != s->lines.end()) {
-        *it = std::move(line);
+    auto& s = sections_[named->second.front()];
+    const auto wanted = folded(key);
+    if (const auto found = s.firstItem.find(wanted); found != s.firstItem.end()) {
+        s.lines[found->second] = std::move(line);
         return;
     }
     // New items go after the section's last item, ahead of any blank lines that close it.
-    auto pos = s->lines.end();
-    while (pos != s->lines.begin() && !(pos - 1)->isItem && TrimBlanks((pos - 1)->value).empty()) {
+    auto pos = s.lines.end();
+    while (pos != s.lines.begin() && !(pos - 1)->isItem && TrimBlanks((pos - 1)->value).empty()) {
         --pos;
     }
-    s->lines.insert(pos, std::move(line));
+    if (pos == s.lines.end()) {
+        s.firstItem.emplace(wanted, s.lines.size());
+        s.lines.push_back(std::move(line));
+        return;
+    }
+    s.lines.insert(pos, std::move(line));
+    s.reindex();
 }
 
 void IniDocument::removeItem(std::string_view section, std::string_view key) {
-    for (auto& s : sections_) {
-        if (sameName(s.name, section)) {
-            std::erase_if(s.lines, [&](const Line& l) { return l.isItem && sameName(l.key, key); });
+    const auto named = byName_.find(folded(section));
+    if (named == byName_.end()) {
+        return;
+    }
+    const auto wanted = folded(key);
+    for (const auto index : named->second) {
+        auto& s = sections_[index];
+        if (s.firstItem.contains(wanted)) {
+            std::erase_if(s.lines,
+                          [&](const Line& l) { return l.isItem && folded(l.key) == wanted; });
+            s.reindex();
         }
     }
 }
 
 void IniDocument::removeSection(std::string_view section) {
-    std::erase_if(sections_, [&](const Section& s) { return sameName(s.name, section); });
+    const auto name = folded(section);
+    if (!byName_.contains(name)) {
+        return;
+    }
+    std::erase_if(sections_, [&](const Section& s) { return folded(s.name) == name; });
+    reindexNames();
 }
 
 } // namespace korval

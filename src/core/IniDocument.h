@@ -3,9 +3,12 @@
 // and key lookup ignoring case and the white space around them. A value's further lines are
 // written as continuation lines that begin with two tabs; they are kept for reading by eye,
 // never taken for a key or a section, and a read gives the value's first line only.
+// Sections and keys are indexed, so that reading a file and every lookup in it take time in
+// proportion to the file's size, not its square.
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace korval {
@@ -13,7 +16,9 @@ namespace korval {
 class IniDocument {
 public:
     static IniDocument parse(std::string_view bytes);
-    std::string serialize() const; // CR LF line ends, duplicate sections and keys merged away
+    // CR LF line ends, duplicate sections and keys merged away. What reads back from the text is
+    // what get() finds in this document.
+    std::string serialize() const;
 
     // The first matching value, trimmed; empty when the section or the key is missing.
     std::optional<std::string> get(std::string_view section, std::string_view key) const;
@@ -31,10 +36,13 @@ private:
     struct Section {
         std::string name;
         std::vector<Line> lines;
+        std::unordered_map<std::string, std::size_t> firstItem; // folded key -> line
+        void reindex();
     };
-    Section* findSection(std::string_view name);
+    void reindexNames();
     std::vector<Line> preamble_; // lines before the first section
     std::vector<Section> sections_;
+    std::unordered_map<std::string, std::vector<std::size_t>> byName_; // folded name -> sections
 };
 
 } // namespace korval

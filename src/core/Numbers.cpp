@@ -1,5 +1,6 @@
 #include "Numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -61,6 +62,34 @@ std::string_view skipBlanks(std::string_view text) {
     return text.substr(i);
 }
 
+// True when a number that does not fit a double is too large rather than too small: the
+// position of its first significant digit, moved by its exponent, lies above the point.
+bool beyondLargest(std::string_view clean) {
+    const auto e = clean.find('E');
+    const auto mantissa = clean.substr(0, e);
+    const auto point = std::min(mantissa.find('.'), mantissa.size());
+    const auto first = mantissa.find_first_of("123456789");
+    if (first == std::string_view::npos) {
+        return false;
+    }
+    // Digits before the point counted from the first significant one; below the point negative.
+    long long magnitude = first < point ? static_cast<long long>(point - first)
+                                        : -static_cast<long long>(first - point - 1);
+    if (e != std::string_view::npos) {
+        auto exponent = clean.substr(e + 1);
+        const bool down = exponent.starts_with('-');
+        exponent.remove_prefix(down ? 1 : 0);
+        exponent = exponent.substr(std::min(exponent.find_first_not_of('0'), exponent.size()));
+        // Past nine digits the exponent alone decides, whatever the mantissa's length.
+        long long shift = exponent.size() > 9 ? 1'000'000'000'000LL : 0;
+        for (const char c : exponent.substr(0, exponent.size() > 9 ? 0 : exponent.size())) {
+            shift = shift * 10 + (c - '0');
+        }
+        magnitude += down ? -shift : shift;
+    }
+    return magnitude > 0;
+}
+
 double parsePrefix(std::string_view number) {
     std::string clean;
     clean.reserve(number.size());
@@ -74,11 +103,12 @@ double parsePrefix(std::string_view number) {
     const char* first = clean.data();
     const auto result = std::from_chars(first, first + clean.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // Exponent too large or too small: saturate the way a user would expect.
-        const bool negative = !clean.empty() && clean[0] == '-';
-        const auto e = clean.find('E');
-        const bool hugeExponent = e != std::string::npos && clean[e + 1] != '-';
-        value = hugeExponent ? std::numeric_limits<double>::infinity() : 0.0;
+        // Too large or too small for a double, by many digits or by the exponent: saturate the
+        // way a user would expect, to infinity or to zero.
+        const bool negative = clean.starts_with('-');
+        value = beyondLargest(negative ? std::string_view(clean).substr(1) : clean)
+                    ? std::numeric_limits<double>::infinity()
+                    : 0.0;
         return negative ? -value : value;
     }
     return value;

@@ -6,8 +6,6 @@
 #include "core/Numbers.h"
 #include "core/Text.h"
 
-#include <cmath>
-
 namespace korval::kdx {
 
 namespace {
@@ -142,12 +140,7 @@ std::string CrToCrLf(std::string text) {
 }
 
 std::string WordBits(double value) {
-    // A word far outside the controller's range has no meaningful bits; read it as none set.
-    const double whole = Round(value);
-    const auto bits = std::isfinite(whole) && std::fabs(whole) < 9e15
-                          ? static_cast<std::int64_t>(whole)
-                          : std::int64_t{0};
-    return ClsMathConversions::BitsLowFirst(bits, 8);
+    return ClsMathConversions::BitsLowFirst(value, 8);
 }
 
 int CountCodeFromReply(std::string reply) {

@@ -1,9 +1,8 @@
 #include "CommandFormatter.h"
 
-#include "core/Numbers.h"
 #include "core/Text.h"
 
-#include <regex>
+#include <optional>
 #include <vector>
 
 namespace korval {
@@ -40,110 +39,221 @@ std::vector<std::string> items(std::string_view text) {
     return out;
 }
 
-std::string analogSpan(int range) {
-    const int a = range / 10;
-    const int b = range % 10;
-    if (range >= 1 && range <= 6) {
-        return "1 to " + std::to_string(range * 1000);
+// A cursor over one command word. Each step takes a piece from the front when it is there;
+// a form matches when its steps all take and nothing is left. No step looks back, so a word of
+// any length is read in one pass and with no recursion.
+class Word {
+public:
+    explicit Word(std::string_view text) : rest_(text) {}
+    bool literal(std::string_view piece) {
+        if (!rest_.starts_with(piece)) {
+            return false;
+        }
+        rest_.remove_prefix(piece.size());
+        return true;
     }
-    if (a >= 1 && a <= 5 && b >= 1 && b <= 6 - a) {
-        return std::to_string(a * 1000) + " to " + std::to_string((a + b) * 1000);
+    // One character from `first` to `last`.
+    bool digit(char first, char last, std::string_view& taken) {
+        if (rest_.empty() || rest_[0] < first || rest_[0] > last) {
+            return false;
+        }
+        taken = rest_.substr(0, 1);
+        rest_.remove_prefix(1);
+        return true;
+    }
+    // One or more decimal digits.
+    bool number(std::string_view& taken) {
+        std::size_t n = 0;
+        while (n < rest_.size() && rest_[n] >= '0' && rest_[n] <= '9') {
+            ++n;
+        }
+        taken = rest_.substr(0, n);
+        rest_.remove_prefix(n);
+        return n > 0;
+    }
+    bool done() const { return rest_.empty(); }
+
+private:
+    std::string_view rest_;
+};
+
+std::string str(std::string_view s) {
+    return std::string(s);
+}
+
+std::string withoutLeadingZeros(std::string_view digits) {
+    const auto first = digits.find_first_not_of('0');
+    return first == std::string_view::npos ? "0" : str(digits.substr(first));
+}
+
+// The analog range code: 1 to 6 alone, or two digits "ab" for a*1000 to (a+b)*1000.
+std::string analogSpan(std::string_view digits) {
+    const auto code = withoutLeadingZeros(digits);
+    if (code.size() == 1 && code[0] >= '1' && code[0] <= '6') {
+        return "1 to " + code + "000";
+    }
+    if (code.size() == 2) {
+        const int a = code[0] - '0';
+        const int b = code[1] - '0';
+        if (a >= 1 && a <= 5 && b >= 1 && b <= 6 - a) {
+            return std::to_string(a * 1000) + " to " + std::to_string((a + b) * 1000);
+        }
     }
     return "";
 }
 
-struct Pattern {
-    std::regex re;
-    std::string (*say)(const std::smatch&);
-};
-
-std::string m(const std::smatch& s, int i) {
-    return s[i].str();
+// Tenths of a second as exact decimal text, however many digits: "15" -> "1.5", "20" -> "2".
+std::string tenthsAsSeconds(std::string_view digits) {
+    const auto whole = digits.substr(0, digits.size() - 1);
+    const char tenth = digits.back();
+    const auto seconds = whole.empty() ? "0" : withoutLeadingZeros(whole);
+    return tenth == '0' ? seconds : seconds + "." + tenth;
 }
 
-const std::vector<Pattern>& patterns() {
-    static const std::vector<Pattern> table = {
-        {std::regex("S([1-4])M([0-9]+)"),
-         [](const std::smatch& s) {
-             return "Motor " + m(s, 1) + " speed " + m(s, 2) + " steps/sec";
+// Each form reads a whole word or says nothing.
+std::optional<std::string> motorNumber(std::string_view text, std::string_view head,
+                                       std::string_view middle,
+                                       std::string (*say)(std::string_view m, std::string_view n)) {
+    Word w(text);
+    std::string_view m;
+    std::string_view n;
+    if (w.literal(head) && w.digit('1', '4', m) && w.literal(middle) && w.number(n) && w.done()) {
+        return say(m, n);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> motorForms(std::string_view text) {
+    using Say = std::string (*)(std::string_view, std::string_view);
+    const struct {
+        const char* head;
+        const char* middle;
+        Say say;
+    } forms[] = {
+        {"S", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " speed " + str(n) + " steps/sec";
          }},
-        {std::regex("S([1-4])M-([0-9]+)"),
-         [](const std::smatch& s) {
-             const auto span = analogSpan(std::stoi(m(s, 2)));
-             return span.empty() ? "Motor " + m(s, 1) + " analog speed, unknown range " + m(s, 2)
-                                 : "Motor " + m(s, 1) + " analog speed " + span + " steps/sec";
+        {"S", "M-",
+         [](std::string_view m, std::string_view n) {
+             const auto span = analogSpan(n);
+             return span.empty() ? "Motor " + str(m) + " analog speed, unknown range " + str(n)
+                                 : "Motor " + str(m) + " analog speed " + span + " steps/sec";
          }},
-        {std::regex("I([1-4])M0"),
-         [](const std::smatch& s) { return "Motor " + m(s, 1) + " run to the + limit"; }},
-        {std::regex("I([1-4])M-0"),
-         [](const std::smatch& s) { return "Motor " + m(s, 1) + " run to the - limit"; }},
-        {std::regex("I([1-4])M([0-9]+)"),
-         [](const std::smatch& s) { return "Motor " + m(s, 1) + " index +" + m(s, 2) + " steps"; }},
-        {std::regex("I([1-4])M-([0-9]+)"),
-         [](const std::smatch& s) { return "Motor " + m(s, 1) + " index -" + m(s, 2) + " steps"; }},
-        {std::regex("IA([1-4])M-0"),
-         [](const std::smatch& s) {
-             return "Motor " + m(s, 1) + " make the present position absolute zero";
+        {"I", "M",
+         [](std::string_view m, std::string_view n) {
+             return n == "0" ? "Motor " + str(m) + " run to the + limit"
+                             : "Motor " + str(m) + " index +" + str(n) + " steps";
          }},
-        {std::regex("IA([1-4])M(-?[0-9]+)"),
-         [](const std::smatch& s) {
-             return "Motor " + m(s, 1) + " move to absolute position " + m(s, 2) + " steps";
+        {"I", "M-",
+         [](std::string_view m, std::string_view n) {
+             return n == "0" ? "Motor " + str(m) + " run to the - limit"
+                             : "Motor " + str(m) + " index -" + str(n) + " steps";
          }},
-        {std::regex("P([0-9]+)"),
-         [](const std::smatch& s) {
-             return "Pause " + NumToText(std::stod(m(s, 1)) / 10) + " seconds";
+        {"IA", "M-",
+         [](std::string_view m, std::string_view n) {
+             return n == "0"
+                        ? "Motor " + str(m) + " make the present position absolute zero"
+                        : "Motor " + str(m) + " move to absolute position -" + str(n) + " steps";
          }},
-        {std::regex("LA([0-9]+)"),
-         [](const std::smatch& s) { return "Repeat " + m(s, 1) + " times"; }},
-        {std::regex("PM-([0-4])"),
-         [](const std::smatch& s) { return "The commands below belong to program " + m(s, 1); }},
-        {std::regex("PM([0-4])"), [](const std::smatch& s) { return "Select program " + m(s, 1); }},
-        {std::regex("setDM([0-9]+)"),
-         [](const std::smatch& s) { return "Set the operating mode word to " + m(s, 1); }},
-        {std::regex("setI([0-9]+)"),
-         [](const std::smatch& s) { return "Set the multi-function input word to " + m(s, 1); }},
-        {std::regex("setDA([0-9]+)"),
-         [](const std::smatch& s) { return "Set the analog joystick dead band to " + m(s, 1); }},
-        {std::regex("setPA([0-9]+)"),
-         [](const std::smatch& s) { return "Set the output pulse width to " + m(s, 1); }},
-        {std::regex("setP([1-4])M([0-9]+)"),
-         [](const std::smatch& s) {
-             return "Motor " + m(s, 1) + " output a pulse every " + m(s, 2) + " steps";
+        {"IA", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " move to absolute position " + str(n) + " steps";
          }},
-        {std::regex("setM([1-4])M([0-9]+)"),
-         [](const std::smatch& s) { return "Motor " + m(s, 1) + " motor setting " + m(s, 2); }},
-        {std::regex("setL([1-4])M([0-9]+)"),
-         [](const std::smatch& s) { return "Motor " + m(s, 1) + " limit setting " + m(s, 2); }},
-        {std::regex("setj([1-4])M([0-9]+)"),
-         [](const std::smatch& s) {
-             return "Motor " + m(s, 1) + " primary joystick speed " + m(s, 2) + " steps/sec";
+        {"setP", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " output a pulse every " + str(n) + " steps";
          }},
-        {std::regex("setJ([1-4])M([0-9]+)"),
-         [](const std::smatch& s) {
-             return "Motor " + m(s, 1) + " secondary joystick speed " + m(s, 2) + " steps/sec";
+        {"setM", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " motor setting " + str(n);
          }},
-        {std::regex("setjA([1-4])M([0-9]+)"),
-         [](const std::smatch& s) {
-             return "Motor " + m(s, 1) + " primary analog joystick setting " + m(s, 2);
+        {"setL", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " limit setting " + str(n);
          }},
-        {std::regex("setJA([1-4])M([0-9]+)"),
-         [](const std::smatch& s) {
-             return "Motor " + m(s, 1) + " secondary analog joystick setting " + m(s, 2);
+        {"setj", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " primary joystick speed " + str(n) + " steps/sec";
          }},
-        {std::regex("get(M|L|P|j|J|jA|JA)([1-4])M"),
-         [](const std::smatch& s) {
-             const auto& w = m(s, 1);
-             const char* what = w == "M"    ? "motor setting"
-                                : w == "L"  ? "limit setting"
-                                : w == "P"  ? "output pulse setting"
-                                : w == "j"  ? "primary joystick speed"
-                                : w == "J"  ? "secondary joystick speed"
-                                : w == "jA" ? "primary analog joystick setting"
-                                            : "secondary analog joystick setting";
-             return "Read the " + std::string(what) + " of motor " + m(s, 2);
+        {"setJ", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " secondary joystick speed " + str(n) + " steps/sec";
+         }},
+        {"setjA", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " primary analog joystick setting " + str(n);
+         }},
+        {"setJA", "M",
+         [](std::string_view m, std::string_view n) {
+             return "Motor " + str(m) + " secondary analog joystick setting " + str(n);
          }},
     };
-    return table;
+    for (const auto& f : forms) {
+        if (auto said = motorNumber(text, f.head, f.middle, f.say)) {
+            return said;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> numberForms(std::string_view text) {
+    using Say = std::string (*)(std::string_view);
+    const struct {
+        const char* head;
+        Say say;
+    } forms[] = {
+        {"P", [](std::string_view n) { return "Pause " + tenthsAsSeconds(n) + " seconds"; }},
+        {"LA", [](std::string_view n) { return "Repeat " + str(n) + " times"; }},
+        {"setDM", [](std::string_view n) { return "Set the operating mode word to " + str(n); }},
+        {"setI",
+         [](std::string_view n) { return "Set the multi-function input word to " + str(n); }},
+        {"setDA",
+         [](std::string_view n) { return "Set the analog joystick dead band to " + str(n); }},
+        {"setPA", [](std::string_view n) { return "Set the output pulse width to " + str(n); }},
+    };
+    for (const auto& f : forms) {
+        Word w(text);
+        std::string_view n;
+        if (w.literal(f.head) && w.number(n) && w.done()) {
+            return f.say(n);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> programForms(std::string_view text) {
+    std::string_view p;
+    if (Word w(text); w.literal("PM-") && w.digit('0', '4', p) && w.done()) {
+        return "The commands below belong to program " + str(p);
+    }
+    if (Word w(text); w.literal("PM") && w.digit('0', '4', p) && w.done()) {
+        return "Select program " + str(p);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> readForms(std::string_view text) {
+    const struct {
+        const char* word;
+        const char* what;
+    } settings[] = {
+        {"getjA", "primary analog joystick setting"},
+        {"getJA", "secondary analog joystick setting"},
+        {"getM", "motor setting"},
+        {"getL", "limit setting"},
+        {"getP", "output pulse setting"},
+        {"getj", "primary joystick speed"},
+        {"getJ", "secondary joystick speed"},
+    };
+    for (const auto& s : settings) {
+        Word w(text);
+        std::string_view m;
+        if (w.literal(s.word) && w.digit('1', '4', m) && w.literal("M") && w.done()) {
+            return "Read the " + std::string(s.what) + " of motor " + str(m);
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -193,11 +303,9 @@ std::string describeCommand(std::string_view command) {
             return w.text;
         }
     }
-    const std::string text(command);
-    std::smatch match;
-    for (const auto& p : patterns()) {
-        if (std::regex_match(text, match, p.re)) {
-            return p.say(match);
+    for (const auto form : {motorForms, numberForms, programForms, readForms}) {
+        if (auto said = form(command)) {
+            return *said;
         }
     }
     return "Unknown command";

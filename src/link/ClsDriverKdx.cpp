@@ -1,4 +1,5 @@
 #include "ClsDriverKdx.h"
+#include "LibraryFile.h"
 
 #include "core/ClsMathConversions.h"
 
@@ -67,6 +68,9 @@ std::intptr_t ClsDriverKdx::LoadDriver(const std::string& path) {
     }
     table_ = {};
     DriverModule = 0;
+    if (!LibraryFileProblem(path).empty()) {
+        return 0; // a damaged file would fault inside the loader
+    }
     // Kept mapped after release: the driver's threads and state must outlive a reload.
     void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (library == nullptr) {

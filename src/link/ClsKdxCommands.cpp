@@ -1,5 +1,7 @@
 #include "ClsKdxCommands.h"
 
+#include "LibraryFile.h"
+
 #include <dlfcn.h>
 
 #include <vector>
@@ -12,6 +14,9 @@ ClsKdxCommands::~ClsKdxCommands() {
 
 std::intptr_t ClsKdxCommands::LoadDll(const std::string& path) {
     UnLoadDll();
+    if (!LibraryFileProblem(path).empty()) {
+        return 0; // a damaged file would fault inside the loader
+    }
     void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) {
         return 0;

@@ -19,9 +19,25 @@ constexpr std::size_t LargestScript = 1024 * 1024;
 } // namespace
 
 std::string ForEditor(const std::string& formatted) {
-    std::string text = formatted;
-    ReplaceAll(text, "\r", "\r\n");
-    ReplaceAll(text, ",", ",\t\t");
+    std::string text;
+    text.reserve(formatted.size() + formatted.size() / 4);
+    bool comment = false;
+    char previous = '\0';
+    for (const char c : formatted) {
+        if (c == '\r') {
+            text += "\r\n";
+            comment = false;
+        } else if (c == ',') {
+            text += ",\t\t";
+        } else if (c == ';' && !comment) {
+            // The comment column: "R" and "rsm" end with no comma to bring the tabs.
+            text += previous == ',' ? ";" : "\t\t;";
+            comment = true;
+        } else {
+            text += c;
+        }
+        previous = c;
+    }
     return text;
 }
 

@@ -8,7 +8,8 @@
 
 namespace korval {
 
-// Formatter output as the editor shows it: CR LF line ends, two tabs after every comma.
+// Formatter output as the editor shows it: CR LF line ends, two tabs after every comma and
+// two tabs before every comment.
 std::string ForEditor(const std::string& formatted);
 
 // A script file read for the editor: CR LF to CR, formatted without comments, shown as above.

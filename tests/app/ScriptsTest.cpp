@@ -125,7 +125,8 @@ TEST_F(ScriptsFixture, FormattingWithAndWithoutComments) {
     EXPECT_EQ(editor->Text(), "F,\t\t\r\nC,\t\t\r\nS1M2000,\t\t\r\nR\r\n") << "stable";
     editor->SetText("F,R");
     editor->FormatCode(true);
-    EXPECT_EQ(editor->Text(), "F,\t\t;KDX Online with Echo Off\r\nR;Run the current program\r\n");
+    EXPECT_EQ(editor->Text(),
+              "F,\t\t;KDX Online with Echo Off\r\nR\t\t;Run the current program\r\n");
 
     editor->AskFormat = [] { return std::optional<bool>(); }; // No: nothing changes
     editor->SetText("C,R");

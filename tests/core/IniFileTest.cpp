@@ -6,6 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 using namespace korval;
 
 namespace {
@@ -93,7 +99,7 @@ TEST_F(IniFixture, ATextThatLooksLikeSectionsAndKeysChangesNothingElse) {
 
 TEST_F(IniFixture, DamagedFilesReadWithoutHarmAndTheNextSaveWritesThemClean) {
     const std::string binary("junk\0\xFF\x01 line", 12);
-    const std::string longValue(10 * 1024 * 1024, 'v');
+    const std::string longValue(1024 * 1024, 'v');
     put(binary +
         "\r"
         "[Dup]\n"
@@ -164,4 +170,106 @@ TEST_F(IniFixture, ABatchWritesTheFileOnceAtItsEnd) {
     ClsIniFile fresh;
     EXPECT_EQ(fresh.ProfileGetItem("W", "C99.Value", "", file), "99");
     EXPECT_EQ(fresh.ProfileGetItem("Run", "Times", "", file), "1");
+}
+
+TEST_F(IniFixture, SavingKeepsEveryItemThatReadingFound) {
+    const struct {
+        const char* file;
+        const char* section;
+        const char* key;
+        const char* value;
+    } cases[] = {
+        {"[A]\r\nx=1\r\n[A]\r\n\t\ty=2\r\n", "A", "y", "2"},
+        {"[A]\r\nx=1\r\n[a]\r\n\t\t\tY =3\r\n\t\tmore\r\n", "A", "y", "3"},
+        {"[A]\r\nx=1\r\n\t\tmore\r\n[B]\r\nb=1\r\n[A]\r\n\t\ty=2\r\n", "A", "y", "2"},
+    };
+    for (const auto& c : cases) {
+        put(c.file);
+        ClsIniFile fresh;
+        ASSERT_EQ(fresh.ProfileGetItem(c.section, c.key, "", file), c.value) << c.file;
+        ASSERT_TRUE(fresh.ProfileSaveItem("Other", "k", "v", file));
+        ClsIniFile after;
+        EXPECT_EQ(after.ProfileGetItem(c.section, c.key, "", file), c.value)
+            << c.file << "\nsaved as:\n"
+            << bytes();
+    }
+}
+
+TEST_F(IniFixture, AReadOnlyFileIsNotReplacedAndTheUserIsToldOnce) {
+    put("[Run]\r\nTimes=4\r\n");
+    ASSERT_EQ(::chmod(file.c_str(), 0444), 0);
+    EXPECT_EQ(ini.TakeProblem(), "");
+    EXPECT_FALSE(ini.CheckFirstRun(file));
+    EXPECT_FALSE(ini.ProfileSaveItem("Run", "Times", "9", file));
+    EXPECT_EQ(bytes(), "[Run]\r\nTimes=4\r\n");
+    const auto problem = ini.TakeProblem();
+    EXPECT_NE(problem.find("could not be saved"), std::string::npos) << problem;
+    EXPECT_NE(problem.find(file), std::string::npos) << problem;
+    EXPECT_NE(problem.find("read-only"), std::string::npos) << problem;
+    EXPECT_EQ(ini.TakeProblem(), "") << "told once";
+    ini.BeginBatch();
+    ini.ProfileSaveItem("W", "k", "v", file);
+    EXPECT_FALSE(ini.EndBatch());
+    EXPECT_EQ(ini.TakeProblem(), "") << "the same failure is not told again";
+}
+
+TEST_F(IniFixture, AFirstRunOnAFullDiskLeavesNoEmptySettingsFile) {
+    put(""); // created empty at start-up, as a missing file is
+    // Writing past the size limit fails as a full disk does; the limit is lifted at the end.
+    rlimit old{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit none = old;
+    none.rlim_cur = 0;
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &none), 0);
+    const bool firstRun = ini.CheckFirstRun(file);
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, oldHandler);
+
+    EXPECT_TRUE(firstRun);
+    EXPECT_EQ(dir.names(), std::vector<std::string>{}) << "no empty file, no temporary file";
+    EXPECT_NE(ini.TakeProblem().find("File too large"), std::string::npos);
+    EXPECT_TRUE(ini.CheckFirstRun(file)) << "the next start is a first run again";
+    EXPECT_EQ(bytes(), "[Run]\r\nTimes=0\r\n");
+}
+
+TEST_F(IniFixture, AFileFarLargerThanAnyTheProgramWritesIsSetAside) {
+    std::string junk;
+    while (junk.size() <= ClsIniFile::LargestFile) {
+        junk += "junk line without an equals sign\r\n[Run]\r\nTimes=5\r\n";
+    }
+    put(junk);
+    EXPECT_EQ(ini.ProfileGetItem("Run", "Times", "none", file), "none");
+    EXPECT_EQ(dir.names(), std::vector<std::string>{"KORVAL Settings.ini.too-large"});
+    EXPECT_EQ(readWholeFile(dir.file("KORVAL Settings.ini.too-large")), junk) << "kept whole";
+    const auto problem = ini.TakeProblem();
+    EXPECT_NE(problem.find("set aside as " + file + ".too-large"), std::string::npos) << problem;
+    EXPECT_TRUE(ini.CheckFirstRun(file));
+
+    put(junk); // a second one does not replace the first
+    ClsIniFile fresh;
+    EXPECT_EQ(fresh.ProfileGetItem("Run", "Times", "none", file), "none");
+    EXPECT_EQ(dir.names(), (std::vector<std::string>{"KORVAL Settings.ini.too-large",
+                                                     "KORVAL Settings.ini.too-large-2"}));
+}
+
+TEST_F(IniFixture, TemporaryFilesOfAKilledSaveAreClearedAtTheNextStart) {
+    const pid_t gone = ::fork();
+    if (gone == 0) {
+        ::_exit(0);
+    }
+    ASSERT_GT(gone, 0);
+    ::waitpid(gone, nullptr, 0);
+    const auto dead = file + ".tmp" + std::to_string(gone) + "-0";
+    const auto live = file + ".tmp" + std::to_string(::getppid()) + "-3";
+    put("[Run]\r\nTimes=1\r\n");
+    ASSERT_TRUE(writeFileAtomically(dead, "half"));
+    ASSERT_TRUE(writeFileAtomically(live, "in progress"));
+    ASSERT_TRUE(writeFileAtomically(dir.file("other.ini.tmp1-0"), "not ours"));
+    ASSERT_TRUE(writeFileAtomically(file + ".tmpx-0", "not a save's name"));
+    EXPECT_EQ(RemoveLeftoverTemporaries(file), 1);
+    EXPECT_EQ(dir.names(), (std::vector<std::string>{
+                               "KORVAL Settings.ini",
+                               "KORVAL Settings.ini.tmp" + std::to_string(::getppid()) + "-3",
+                               "KORVAL Settings.ini.tmpx-0", "other.ini.tmp1-0"}));
 }

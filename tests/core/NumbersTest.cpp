@@ -42,6 +42,30 @@ TEST(Val, ReadsTheLeadingNumberAndStopsAtTheFirstOtherCharacter) {
     }
 }
 
+TEST(Val, NumbersBeyondTheRangeSaturateWhateverTheirForm) {
+    const double inf = std::numeric_limits<double>::infinity();
+    const std::string digits(401, '9');
+    const std::string zeros(401, '0');
+    const struct {
+        std::string text;
+        double value;
+    } cases[] = {
+        {digits, inf},
+        {"-" + digits, -inf},
+        {digits + ".5e-10", inf},
+        {"1" + zeros + "e-100", 1e301},
+        {"0." + zeros + "1", 0},
+        {"-0." + zeros + "1e10", 0},
+        {"0.0001e99999999999999999999", inf},
+        {"1" + zeros + "e-99999999999999999999", 0},
+        {zeros + "7", 7},
+    };
+    for (const auto& c : cases) {
+        EXPECT_TRUE(IsNumeric(c.text)) << c.text.substr(0, 12);
+        EXPECT_EQ(Val(c.text), c.value) << c.text.substr(0, 12) << "... of " << c.text.size();
+    }
+}
+
 TEST(IsNumeric, AcceptsOneWholeNumberWithBlanksAroundIt) {
     const struct {
         const char* text;
@@ -154,7 +178,7 @@ TEST(Currency, KeepsFourDecimalsRoundingHalvesToEven) {
 
 TEST(NumToBin, PadsToTheWidthAndReadsLowBitFirstWhenReversed) {
     const struct {
-        std::int64_t value;
+        double value;
         int width;
         const char* bits;
         const char* lowFirst;
@@ -166,7 +190,14 @@ TEST(NumToBin, PadsToTheWidthAndReadsLowBitFirstWhenReversed) {
         {255, 8, "11111111", "11111111"},
         {256, 8, "100000000", "000000001"},
         {5, 0, "101", "101"},
-        {-3, 8, "00000000", "00000000"},
+        {-3, 8, "-00000011", "11000000-"},
+        {-256, 4, "-100000000", "000000001-"},
+        {1e20, 8, "1010110101111000111010111100010110101100011000100000000000000000000",
+         "0000000000000000000010001100011010110100011110101110001111010110101"},
+        {-1e20, 0, "-1010110101111000111010111100010110101100011000100000000000000000000",
+         "0000000000000000000010001100011010110100011110101110001111010110101-"},
+        {5.5, 8, "00000110", "01100000"},
+        {std::nan(""), 8, "00000000", "00000000"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(ClsMathConversions::NumToBin(c.value, c.width), c.bits) << c.value;

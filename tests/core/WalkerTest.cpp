@@ -1,5 +1,6 @@
 #include "core/ClsClassIniFile.h"
 #include "core/ClsReadWriteFile.h"
+#include "core/SettingsValue.h"
 
 #include "support/TempFolder.h"
 
@@ -147,12 +148,54 @@ TEST(Walker, ValuesAreReadWithTheWalkersConversions) {
     EXPECT_EQ(form.top, 13);
     EXPECT_EQ(cmb.value, "2");
     EXPECT_EQ(opt.value, "True");
-    EXPECT_EQ(chk.value, "0");
+    EXPECT_EQ(chk.value, "1") << "junk is skipped: the design value stays";
     const struct {
         const char* text;
         bool value;
     } booleans[] = {{"True", true}, {"false", false}, {"-1", true}, {"0", false}, {"", false}};
     for (const auto& b : booleans) {
         EXPECT_EQ(BooleanFromText(b.text), b.value) << b.text;
+    }
+}
+
+TEST(Walker, ADamagedValueIsSkippedAndTheControlKeepsItsOwn) {
+    TempFolder dir;
+    const auto file = dir.file("s.ini");
+    const struct {
+        ControlKind kind;
+        const char* saved;
+        const char* restored; // nullptr: skipped
+    } cases[] = {
+        {ControlKind::Combo, "2147483648", nullptr},
+        {ControlKind::Combo, "1e400", nullptr},
+        {ControlKind::Combo, "-99999999999", nullptr},
+        {ControlKind::Combo, "-2", nullptr},
+        {ControlKind::Combo, "3 apples", nullptr},
+        {ControlKind::Combo, "nan", nullptr},
+        {ControlKind::Combo, "-1", "-1"},
+        {ControlKind::Combo, " 2 ", "2"},
+        {ControlKind::Check, "2", nullptr},
+        {ControlKind::Check, "1e400", nullptr},
+        {ControlKind::Check, "0", "0"},
+        {ControlKind::Check, "1.2", "1"},
+        {ControlKind::Option, "maybe", nullptr},
+        {ControlKind::Option, "FALSE", "False"},
+        {ControlKind::Option, "-1", "True"},
+        {ControlKind::Text, "1e400", "1e400"},
+    };
+    for (const auto& c : cases) {
+        ClsClassIniFile ini;
+        ini.ProfileSaveItem("F", "\tC.Value", c.saved, file);
+        ini.ProfileSaveItem("F", "\tC.ListIndex", c.saved, file);
+        ini.ProfileSaveItem("F", "\tC.Text", c.saved, file);
+        Form form("F");
+        auto& control = form.add(c.kind, "C", "design");
+        ini.ReadIni(form, file);
+        EXPECT_EQ(control.value, c.restored ? c.restored : "design") << c.saved;
+        EXPECT_EQ(control.changes, c.restored ? 1 : 0) << c.saved;
+    }
+    for (const auto& [text, index] :
+         {std::pair{"-1", -1}, {"2", 2}, {"3", -9}, {"-2", -9}, {"2 ", -9}, {"99999999999", -9}}) {
+        EXPECT_EQ(ListIndexWithin(text, 3).value_or(-9), index) << text;
     }
 }

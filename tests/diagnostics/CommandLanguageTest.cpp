@@ -55,6 +55,10 @@ TEST(CommandLanguage, WordsBecomeBitsLowFirst) {
     EXPECT_EQ(kdx::WordBits(129), "10000001");
     EXPECT_EQ(kdx::WordBits(6), "01100000");
     EXPECT_EQ(kdx::WordBits(256), "000000001") << "more than eight digits";
+    EXPECT_EQ(kdx::WordBits(kdx::ReadWord("-6\r")), "01100000-") << "the sign stays behind";
+    EXPECT_EQ(kdx::WordBits(kdx::ReadWord("9000000000000005\r")).substr(0, 8), "10100000")
+        << "a very large word keeps its bits";
+    EXPECT_EQ(kdx::WordBits(kdx::ReadWord("1e20\r")).size(), 67u);
 }
 
 TEST(CommandLanguage, MotorCountFromTheThirdMotorQuery) {

@@ -56,3 +56,40 @@ TEST(FormatCommands, WithCommentsEveryCommandIsExplained) {
         EXPECT_EQ(describeCommand(c.command), c.comment) << c.command;
     }
 }
+
+TEST(FormatCommands, NumbersOfAnyLengthAreDescribedExactly) {
+    const std::string many(400, '7');
+    const struct {
+        std::string command;
+        std::string comment;
+    } cases[] = {
+        {"S2M-6606566065", "Motor 2 analog speed, unknown range 6606566065"},
+        {"S2M-012", "Motor 2 analog speed 1000 to 3000 steps/sec"},
+        {"P" + many, "Pause " + many.substr(1) + ".7 seconds"},
+        {"P0", "Pause 0 seconds"},
+        {"P5", "Pause 0.5 seconds"},
+        {"P0020", "Pause 2 seconds"},
+        {"S1M" + many, "Motor 1 speed " + many + " steps/sec"},
+        {"I1M-" + many, "Motor 1 index -" + many + " steps"},
+        {"IA1M-" + many, "Motor 1 move to absolute position -" + many + " steps"},
+        {"LA" + many, "Repeat " + many + " times"},
+        {"I1M00", "Motor 1 index +00 steps"},
+        {"S5M100", "Unknown command"},
+        {"S1M", "Unknown command"},
+        {"S1M-", "Unknown command"},
+        {"getJA2M", "Read the secondary analog joystick setting of motor 2"},
+        {"getJA2", "Unknown command"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(describeCommand(c.command), c.comment) << c.command;
+    }
+}
+
+TEST(FormatCommands, OneLongItemIsLaidOutWhole) {
+    for (const auto& item : {std::string(30000, 'a'), "S1M" + std::string(30000, '9'),
+                             "IA2M-" + std::string(30000, '0'), "P" + std::string(30000, '1')}) {
+        const auto out = formatCommands(item + ",R", true);
+        EXPECT_EQ(out.substr(0, item.size() + 2), item + ",;") << item.substr(0, 8);
+        EXPECT_TRUE(out.ends_with("R;Run the current program\r"));
+    }
+}

@@ -62,7 +62,11 @@ TEST(ScriptText, EditorLayoutTransferAndReformat) {
     EXPECT_EQ(OpenForEdit("C,S1M20\r\nR\r\n", fakeFormat), "C,\t\t\r\nS1M20,\t\t\r\nR\r\n");
     EXPECT_EQ(OpenForEdit("C\nR", fakeFormat), "C,\t\t\r\nR\r\n") << "LF-only files too";
     EXPECT_EQ(ForTransfer("C,S1M20\r\nR", fakeFormat), "C,\rS1M20,\rR\r");
-    EXPECT_EQ(Reformat("C,R", true, fakeFormat), "C,\t\t;c\r\nR;c\r\n");
+    EXPECT_EQ(Reformat("C,R", true, fakeFormat), "C,\t\t;c\r\nR\t\t;c\r\n")
+        << "two tabs before every comment, also where no comma ends the command";
+    EXPECT_EQ(ForEditor("S2M-19,;speed, unknown\rrsm;store\r"),
+              "S2M-19,\t\t;speed,\t\t unknown\r\nrsm\t\t;store\r\n")
+        << "a comma inside a comment gets its two tabs too";
     std::string seen;
     const Formatter spy = [&](const std::string& t, int) {
         seen = t;

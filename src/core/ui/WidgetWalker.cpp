@@ -3,6 +3,8 @@
 #include "FormBase.h"
 #include "Latin1.h"
 
+#include "core/SettingsValue.h"
+
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -34,7 +36,9 @@ template <> std::string Control<QComboBox>::Value() const {
     return std::to_string(widget_->currentIndex());
 }
 template <> void Control<QComboBox>::SetValue(const std::string& v) {
-    widget_->setCurrentIndex(std::stoi(v));
+    if (const auto index = ListIndexWithin(v, widget_->count())) {
+        widget_->setCurrentIndex(*index);
+    }
 }
 template <> std::string Control<QRadioButton>::Value() const {
     return widget_->isChecked() ? "True" : "False";
@@ -61,7 +65,16 @@ template <> void Control<QPlainTextEdit>::SetValue(const std::string& v) {
     widget_->setPlainText(Latin1(v));
 }
 template <> std::string Control<QAction>::Value() const {
-    return widget_->isEnabled() ? "True" : "False";
+    if (widget_->isVisible()) {
+        return widget_->isEnabled() ? "True" : "False";
+    }
+    // A hidden action reads as disabled, whatever it was set to. Its own state comes back while
+    // it is shown, so it is shown for the moment of the reading, with its signals held.
+    const QSignalBlocker quiet(widget_.data());
+    widget_->setVisible(true);
+    const bool enabled = widget_->isEnabled();
+    widget_->setVisible(false);
+    return enabled ? "True" : "False";
 }
 template <> void Control<QAction>::SetValue(const std::string& v) {
     widget_->setEnabled(BooleanFromText(v));
@@ -69,6 +82,17 @@ template <> void Control<QAction>::SetValue(const std::string& v) {
 
 bool named(const QObject* o, const char* prefix) {
     return o->objectName().startsWith(prefix);
+}
+
+// True when the nearest window above the object is `form`: the windows adopted into the MDI
+// area inside the main window keep their controls to themselves.
+bool ownedBy(const QObject* o, const FormBase* form) {
+    for (const QObject* p = o->parent(); p != nullptr; p = p->parent()) {
+        if (const auto* window = qobject_cast<const FormBase*>(p)) {
+            return window == form;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -101,32 +125,32 @@ void WidgetWalker::SetLeft(int left) {
 std::vector<WalkedControl*> WidgetWalker::Controls() {
     controls_.clear();
     for (auto* a : form_.findChildren<QAction*>()) {
-        if (named(a, "Mnu") && !a->isSeparator()) {
+        if (named(a, "Mnu") && !a->isSeparator() && ownedBy(a, &form_)) {
             controls_.push_back(std::make_unique<Control<QAction>>(a, ControlKind::Menu));
         }
     }
     for (auto* w : form_.findChildren<QComboBox*>()) {
-        if (named(w, "Cmb")) {
+        if (named(w, "Cmb") && ownedBy(w, &form_)) {
             controls_.push_back(std::make_unique<Control<QComboBox>>(w, ControlKind::Combo));
         }
     }
     for (auto* w : form_.findChildren<QRadioButton*>()) {
-        if (named(w, "Opt")) {
+        if (named(w, "Opt") && ownedBy(w, &form_)) {
             controls_.push_back(std::make_unique<Control<QRadioButton>>(w, ControlKind::Option));
         }
     }
     for (auto* w : form_.findChildren<QLineEdit*>()) {
-        if (named(w, "Txt")) {
+        if (named(w, "Txt") && ownedBy(w, &form_)) {
             controls_.push_back(std::make_unique<Control<QLineEdit>>(w, ControlKind::Text));
         }
     }
     for (auto* w : form_.findChildren<QPlainTextEdit*>()) {
-        if (named(w, "Txt")) {
+        if (named(w, "Txt") && ownedBy(w, &form_)) {
             controls_.push_back(std::make_unique<Control<QPlainTextEdit>>(w, ControlKind::Text));
         }
     }
     for (auto* w : form_.findChildren<QCheckBox*>()) {
-        if (named(w, "Chk")) {
+        if (named(w, "Chk") && ownedBy(w, &form_)) {
             controls_.push_back(std::make_unique<Control<QCheckBox>>(w, ControlKind::Check));
         }
     }
