@@ -1,5 +1,6 @@
 #include "KorvalStartup.h"
 
+#include "core/AtomicFile.h"
 #include "core/ClsClassIniFile.h"
 #include "core/ui/FrmKdxToolSplash.h"
 #include "core/ui/MdiKorval.h"
@@ -55,6 +56,7 @@ bool KorvalStartup::Main() {
         Shutdown();
         return false;
     }
+    RemoveLeftoverTemporaries(app.folders.settingsFile); // of a save that was killed
     LoadForms();
     for (auto* form : app.forms) {
         app.classIniFile.ReadIniWithoutForm(form->Walked(), app.folders.settingsFile);
@@ -85,7 +87,18 @@ bool KorvalStartup::Main() {
     app.splash->MakeTopMost(false);
     app.splash->hide();
     app.kdx.BringOnline();
+    tellSettingsProblem();
     return true;
+}
+
+void KorvalStartup::tellSettingsProblem() {
+    auto& app = services_;
+    for (ClsIniFile* store : std::initializer_list<ClsIniFile*>{&app.iniFile, &app.classIniFile}) {
+        if (const auto problem = store->TakeProblem(); !problem.empty()) {
+            app.prompts.Message(problem, "KORVAL Settings", Prompts::Icon::Warning,
+                                Prompts::Buttons::Ok);
+        }
+    }
 }
 
 void KorvalStartup::LoadForms() {
@@ -138,6 +151,7 @@ void KorvalStartup::UnloadForms() {
         splashStatus("Status: " + form->Name() + " Unloaded");
     }
     app.classIniFile.EndBatch(); // the settings are written before any window goes
+    tellSettingsProblem();
     auto& forms = app.forms;
     for (auto it = forms.rbegin(); it != forms.rend(); ++it) {
         if (*it != app.mdi) {

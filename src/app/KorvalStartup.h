@@ -28,6 +28,8 @@ private:
     void place(FormBase& form, Placement placement);
     void UnloadForms();
     void splashStatus(const std::string& text);
+    // A settings file that could not be kept or read is told once, with the reason.
+    void tellSettingsProblem();
 
     KorvalServices services_;
     bool ended_ = false;

@@ -129,7 +129,7 @@ ControlResult ApplyControl(KdxChain& chain, const std::string& line, std::string
     }
     if (cmd == "show" && w.size() == 1) {
         std::string status = chain.statusCode();
-        if (!status.empty() && status[0] == ErrorLead) {
+        if (!status.empty() && status[0] == StatusLead) {
             status = "E" + status.substr(1); // keep the console's text plain
         }
         answer = "status " + status + " program " + std::to_string(chain.currentProgram()) +

@@ -34,7 +34,7 @@ char letterOf(SimFault fault) {
 } // namespace
 
 std::string FaultStatusCode(SimFault fault) {
-    return {ErrorLead, letterOf(fault)};
+    return {StatusLead, letterOf(fault)};
 }
 
 std::string FaultStreamCode(SimFault fault) {

@@ -1,11 +1,11 @@
 #pragma once
+#include "core/StatusLead.h"
 // The controller's error states. Each shows as the lead byte and a letter: in the status while
 // it holds, and once in the stream when it arises.
 #include <string>
 
 namespace korval::sim {
 
-inline constexpr char ErrorLead = '\xCB';
 
 enum class SimFault {
     None,
