@@ -1,5 +1,7 @@
 #include "PortMap.h"
 
+#include "core/ProgramFolders.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -30,11 +32,7 @@ std::string PortMap::defaultFolder() {
     if (const char* env = std::getenv("KORVAL_PORTS"); env != nullptr && *env != '\0') {
         return env;
     }
-    if (const char* xdg = std::getenv("XDG_CONFIG_HOME"); xdg != nullptr && *xdg != '\0') {
-        return std::string(xdg) + "/korval/ports";
-    }
-    const char* home = std::getenv("HOME");
-    return std::string(home != nullptr ? home : "/tmp") + "/.config/korval/ports";
+    return UserConfigFolder() + "ports";
 }
 
 std::string PortMap::linkPath(int port) const {
