@@ -5,6 +5,7 @@
 #include "FormBase.h"
 #include "QtWaitContext.h"
 
+#include "axis/AxisSet.h"
 #include "core/ClsClassIniFile.h"
 #include "core/ClsIniFile.h"
 #include "core/ProgramFolders.h"
@@ -52,6 +53,7 @@ public:
     ClsIniFile iniFile;
     ClsClassIniFile classIniFile;
     Mailbox mailbox;
+    AxisSet axes{kdx}; // Axis1 to Axis4, shared by the set-up and the motion tools
     // The driver's status report sink, once the callback window has registered it.
     Mailbox::Box* statusReport = nullptr;
 
