@@ -1,44 +1,23 @@
 #include "CliOptions.h"
 
 #include <algorithm>
-#include <array>
 
 namespace korval::cli {
 
 namespace {
 
-struct Command {
-    const char* name;
-    const char* help;
-};
-
-const std::array<Command, 6> Commands = {{
-    {"ports", "ports                  list port numbers and the devices they resolve to"},
-    {"detect", "detect [--max-port N]  scan like the auto-detect; print \"Com<N> <baud>\";\n"
-               "                       exit 1 when nothing answers"},
-    {"status", "status                 print the status word"},
-    {"send", "send TEXT              send as the terminal does (rewrites, on/off line), wait,\n"
-             "                       print what came back"},
-    {"info", "info SUBJECT           one panel's text: processor, opmode, programs, axis,\n"
-             "                       joystick-analog, joystick-digital, output-pulse,\n"
-             "                       multifunction, analog-input, outputs, overtravel, inputs,\n"
-             "                       limits"},
-    {"diag", "diag [--output FILE]   the complete diagnostic: progress on stderr, the report's\n"
-             "                       exact bytes on stdout, or saved to FILE (\".txt\" added)"},
-}};
-
-const Command* findCommand(const std::string& name) {
-    const auto it = std::find_if(Commands.begin(), Commands.end(),
-                                 [&](const Command& c) { return name == c.name; });
-    return it == Commands.end() ? nullptr : &*it;
+const CliCommand* findCommand(std::span<const CliCommand> commands, const std::string& name) {
+    const auto it = std::find_if(commands.begin(), commands.end(),
+                                 [&](const CliCommand& c) { return name == c.name; });
+    return it == commands.end() ? nullptr : &*it;
 }
 
 } // namespace
 
-std::string usage() {
+std::string usage(std::span<const CliCommand> commands) {
     std::string text = "usage: korval-cli [--port N|DEVICE] [--baud 9600|19200|38400] "
                        "[--sim[=OPTIONS]] COMMAND [ARGS]\n\ncommands:\n";
-    for (const auto& c : Commands) {
+    for (const auto& c : commands) {
         text += "  " + std::string(c.help) + "\n";
     }
     text += "\n--sim runs a virtual controller inside this program, e.g. "
@@ -47,12 +26,13 @@ std::string usage() {
     return text;
 }
 
-std::string commandHelp(const std::string& command) {
-    const auto* c = findCommand(command);
+std::string commandHelp(std::span<const CliCommand> commands, const std::string& command) {
+    const auto* c = findCommand(commands, command);
     return c == nullptr ? "" : "usage: korval-cli [options] " + std::string(c->help) + "\n";
 }
 
-ParseResult parseCommandLine(const std::vector<std::string>& argv) {
+ParseResult parseCommandLine(const std::vector<std::string>& argv,
+                             std::span<const CliCommand> commands) {
     CliOptions o;
     for (std::size_t i = 0; i < argv.size(); ++i) {
         const auto& a = argv[i];
@@ -83,6 +63,7 @@ ParseResult parseCommandLine(const std::vector<std::string>& argv) {
                 return {std::nullopt, "--port needs a port number or a device"};
             }
             o.port = *v;
+            o.portGiven = true;
         } else if (a.starts_with("--baud")) {
             const auto v = value("--baud");
             if (!v || (*v != "9600" && *v != "19200" && *v != "38400")) {
@@ -92,7 +73,7 @@ ParseResult parseCommandLine(const std::vector<std::string>& argv) {
             o.baudGiven = true;
         } else if (a.starts_with("-")) {
             return {std::nullopt, "unknown option " + a};
-        } else if (findCommand(a) == nullptr) {
+        } else if (findCommand(commands, a) == nullptr) {
             return {std::nullopt, "unknown command " + a + " (korval-cli --help lists them)"};
         } else {
             o.command = a;

@@ -5,9 +5,8 @@
 
 namespace korval::cli {
 
-enum ExitStatus { ExitOk = 0, ExitNoAnswer = 1, ExitUsage = 2 };
-
-// Runs one parsed command line; what the user reads goes to `out`, progress and errors to `err`.
+// Runs one parsed command line: makes what the command needs (a virtual controller, the
+// libraries, the port, an on-line controller), then the command itself.
 int runCommand(const CliOptions& options, std::ostream& out, std::ostream& err);
 
 } // namespace korval::cli

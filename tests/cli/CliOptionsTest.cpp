@@ -4,22 +4,32 @@
 
 using namespace korval::cli;
 
+namespace {
+const CliCommand Known[] = {
+    {"info", "info SUBJECT", Needs::Online, nullptr},
+    {"diag", "diag [--output FILE]", Needs::Online, nullptr},
+    {"status", "status", Needs::Port, nullptr},
+};
+} // namespace
+
 TEST(CliOptions, ReadsPortsBaudsSimulatorsAndCommands) {
     const auto p = parseCommandLine(
-        {"--port", "/dev/pts/3", "--baud=19200", "--sim=arrangement=2+2", "info", "axis"});
+        {"--port", "/dev/pts/3", "--baud=19200", "--sim=arrangement=2+2", "info", "axis"}, Known);
     ASSERT_TRUE(p.options) << p.error;
     EXPECT_EQ(p.options->port, "/dev/pts/3");
     EXPECT_EQ(p.options->baud, 19200);
     EXPECT_TRUE(p.options->baudGiven);
+    EXPECT_TRUE(p.options->portGiven);
     EXPECT_EQ(p.options->sim, "arrangement=2+2");
     EXPECT_EQ(p.options->command, "info");
     EXPECT_EQ(p.options->args, std::vector<std::string>{"axis"});
 
-    const auto plain = parseCommandLine({"--sim", "diag", "--output", "x"});
+    const auto plain = parseCommandLine({"--sim", "diag", "--output", "x"}, Known);
     ASSERT_TRUE(plain.options);
     EXPECT_EQ(plain.options->sim, "");
     EXPECT_EQ(plain.options->port, "1");
     EXPECT_FALSE(plain.options->baudGiven);
+    EXPECT_FALSE(plain.options->portGiven);
     EXPECT_EQ(plain.options->args, (std::vector<std::string>{"--output", "x"}));
 }
 
@@ -35,11 +45,11 @@ TEST(CliOptions, UsageErrorsSayWhatIsWrong) {
         {{"--verbose", "status"}, "unknown option --verbose"},
     };
     for (const auto& c : cases) {
-        const auto p = parseCommandLine(c.args);
+        const auto p = parseCommandLine(c.args, Known);
         EXPECT_FALSE(p.options);
         EXPECT_EQ(p.error, c.error);
     }
-    EXPECT_TRUE(parseCommandLine({"diag", "--help"}).options->help);
-    EXPECT_NE(commandHelp("diag").find("diag [--output FILE]"), std::string::npos);
-    EXPECT_EQ(commandHelp("fly"), "");
+    EXPECT_TRUE(parseCommandLine({"diag", "--help"}, Known).options->help);
+    EXPECT_NE(commandHelp(Known, "diag").find("diag [--output FILE]"), std::string::npos);
+    EXPECT_EQ(commandHelp(Known, "fly"), "");
 }

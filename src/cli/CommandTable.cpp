@@ -1,0 +1,18 @@
+#include "CommandTable.h"
+
+#include <vector>
+
+namespace korval::cli {
+
+std::span<const CliCommand> AllCommands() {
+    static const std::vector<CliCommand> all = [] {
+        std::vector<CliCommand> commands;
+        for (const auto group : {LinkCommands(), DiagnosticCommands()}) {
+            commands.insert(commands.end(), group.begin(), group.end());
+        }
+        return commands;
+    }();
+    return all;
+}
+
+} // namespace korval::cli

@@ -1,0 +1,144 @@
+// info, diag: the controller's state in words.
+#include "CliCommand.h"
+#include "CliOptions.h"
+#include "CliSession.h"
+#include "CliText.h"
+#include "CommandTable.h"
+
+#include <unistd.h>
+
+#include "diagnostics/ClsKdxDiagnostic.h"
+#include "diagnostics/CompleteDiagnostic.h"
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <ostream>
+
+namespace korval::cli {
+
+namespace {
+
+int info(CliRun& r) {
+    if (r.options.args.size() != 1) {
+        return Fail(r.err, "info takes one subject (korval-cli info --help lists them)", ExitUsage);
+    }
+    auto& session = *r.session;
+    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter());
+    const auto& subject = r.options.args[0];
+    std::string text;
+    const auto axes = [&](auto method) {
+        std::array<TextBox, 4> boxes;
+        (diagnostic.*method)(AxisTargets{&boxes[0], &boxes[1], &boxes[2], &boxes[3]});
+        std::string joined;
+        for (int m = 0; m < 4; ++m) {
+            joined += "Axis " + std::to_string(m + 1) + ":\r\n" +
+                      boxes[static_cast<std::size_t>(m)].text + "\r\n";
+        }
+        return joined;
+    };
+    if (subject == "processor") {
+        text = diagnostic.GetProcessor();
+    } else if (subject == "opmode") {
+        text = diagnostic.GetOperatingMode();
+    } else if (subject == "programs") {
+        TextBox current, associate;
+        std::array<TextBox, 5> listings;
+        RefreshProgramsPanel(
+            diagnostic, {&current,
+                         &associate,
+                         {&listings[0], &listings[1], &listings[2], &listings[3], &listings[4]}});
+        text = current.text + "\r\n" + associate.text + "\r\n";
+        for (int n = 0; n < 5; ++n) {
+            text += "Program " + std::to_string(n) + ":\r\n" +
+                    listings[static_cast<std::size_t>(n)].text + "\r\n";
+        }
+    } else if (subject == "axis") {
+        text = axes(&ClsKdxDiagnostic::GetAxisSettings);
+    } else if (subject == "joystick-analog") {
+        text = diagnostic.GetDeadBand() + axes(&ClsKdxDiagnostic::GetJoystickAnalogSettings);
+    } else if (subject == "joystick-digital") {
+        text = axes(&ClsKdxDiagnostic::GetJoystickDigitalSettings);
+    } else if (subject == "output-pulse") {
+        text = diagnostic.GetPulseWidth() + axes(&ClsKdxDiagnostic::GetPulseEveryNumSteps);
+    } else if (subject == "multifunction") {
+        text = diagnostic.GetMultifunctionUserInputs();
+    } else if (subject == "analog-input") {
+        text = diagnostic.GetAnalogInput();
+    } else if (subject == "outputs") {
+        text = diagnostic.GetUserOutputStates();
+    } else if (subject == "overtravel") {
+        text = diagnostic.GetOverTravel() + diagnostic.GetBacklash();
+    } else if (subject == "inputs") {
+        text = diagnostic.GetUserInputStates();
+    } else if (subject == "limits") {
+        text = diagnostic.GetLimitStates();
+    } else {
+        return Fail(r.err, "unknown subject " + subject + " (korval-cli info --help lists them)",
+                    ExitUsage);
+    }
+    r.out << AsLines(ForShell(text));
+    return ExitOk;
+}
+
+int diag(CliRun& r) {
+    std::optional<std::string> output;
+    const auto& args = r.options.args;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        if (args[i] == "--output" && i + 1 < args.size()) {
+            output = args[++i];
+        } else {
+            return Fail(r.err, "diag takes only --output FILE", ExitUsage);
+        }
+    }
+    std::optional<std::string> file;
+    if (output) {
+        file = DiagnosticReportFileName(*output);
+        if (!file) {
+            return Fail(r.err, "--output needs a file name", ExitUsage);
+        }
+        // Say so before a scan of many seconds, not after it.
+        const auto folder = std::filesystem::path(*file).parent_path();
+        if (::access(folder.empty() ? "." : folder.c_str(), W_OK) != 0) {
+            return Fail(r.err, "cannot write the report to " + *file, ExitNoAnswer);
+        }
+    }
+    auto& session = *r.session;
+    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter());
+    DiagnosticBoxes boxes;
+    // A diagnostic leaves the controller's current program as it found it.
+    const auto report = RunCompleteDiagnostic(
+        diagnostic, boxes,
+        [&r](const std::string& added) { r.err << ForShell(added) << std::flush; },
+        ScanOptions{true});
+    if (file) {
+        if (!SaveDiagnosticReport(*file, report)) {
+            return Fail(r.err, "cannot write the report to " + *file, ExitNoAnswer);
+        }
+        r.err << "Report saved to " << *file << "\n";
+    } else {
+        r.out << report << std::flush;
+    }
+    return ExitOk;
+}
+
+const CliCommand Commands[] = {
+    {"info",
+     "info SUBJECT           one panel's text: processor, opmode, programs, axis,\n"
+     "                       joystick-analog, joystick-digital, output-pulse,\n"
+     "                       multifunction, analog-input, outputs, overtravel, inputs,\n"
+     "                       limits",
+     Needs::Online, info},
+    {"diag",
+     "diag [--output FILE]   the complete diagnostic: progress on stderr, the report's\n"
+     "                       exact bytes on stdout, or saved to FILE (\".txt\" added)",
+     Needs::Online, diag},
+};
+
+} // namespace
+
+std::span<const CliCommand> DiagnosticCommands() {
+    return Commands;
+}
+
+} // namespace korval::cli
