@@ -43,6 +43,9 @@ public:
     // Flags of the main window's buttons, read by the terminal's timer.
     bool stopFlag = false;
     bool runFlag = false;
+    // Above 0 while a diagnostic scan or a troubleshooter owns the line (see LineHold): the
+    // terminal and the program's own pollers leave the port alone meanwhile.
+    int lineHeld = 0;
 
     Prompts& prompts;
     ProgramFolders folders;

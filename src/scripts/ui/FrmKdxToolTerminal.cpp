@@ -128,7 +128,7 @@ void FrmKdxToolTerminal::CmdClearBufferSent_Click() {
 void FrmKdxToolTerminal::Timer1_Timer() {
     auto& app = App();
     QCoreApplication::processEvents();
-    if (!IsShown() || app.runFlag || app.stopFlag) {
+    if (!IsShown() || app.runFlag || app.stopFlag || app.lineHeld > 0) {
         return;
     }
     current_ = app.kdx.ReadReplyFromPort();
