@@ -35,7 +35,7 @@ std::string runScan() {
         return formatCommands(text, flag == 1);
     });
     DiagnosticBoxes boxes;
-    return RunCompleteDiagnostic(diagnostic, boxes);
+    return RunCompleteDiagnostic(diagnostic, boxes).report;
 }
 
 // Every text the scan sends, found by one scan of a controller that never answers.

@@ -11,7 +11,7 @@ namespace korval::cli {
 struct CliOptions;
 class CliSession;
 
-enum ExitStatus { ExitOk = 0, ExitNoAnswer = 1, ExitUsage = 2 };
+enum ExitStatus { ExitOk = 0, ExitNoAnswer = 1, ExitUsage = 2, ExitInterrupted = 130 };
 
 // What a command needs from the run before it starts.
 enum class Needs {
@@ -27,6 +27,7 @@ struct CliRun {
     CliSession* session; // null when the command needs nothing, or no port was given
     std::ostream& out;   // what the user reads
     std::ostream& err;   // progress and errors
+    std::string port;    // the port opened, as the user named it (or the built-in controller's)
 };
 
 struct CliCommand {

@@ -33,7 +33,7 @@ private:
     DrainingWait wait_{mailbox_};
     ClsTimeDelay delay_{wait_};
     ClsDriverKdx kdx_{delay_};
-    ClsKdxCommands commands_;
+    ClsKdxCommands commands_{&wait_};
     bool opened_ = false;
 };
 

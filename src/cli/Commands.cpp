@@ -80,7 +80,7 @@ int runCommand(const CliOptions& options, std::ostream& out, std::ostream& err) 
     const auto needs = command->needs;
     const bool controller = options.sim || options.portGiven;
     if (needs == Needs::Nothing || (needs == Needs::PortIfGiven && !controller)) {
-        CliRun run{options, nullptr, out, err};
+        CliRun run{options, nullptr, out, err, {}};
         return command->run(run);
     }
     Simulator simulator; // outlives the session, which closes its port first
@@ -97,7 +97,7 @@ int runCommand(const CliOptions& options, std::ostream& out, std::ostream& err) 
     if (const auto problem = session.loadLibraries(driverFolder()); !problem.empty()) {
         return Fail(err, problem, ExitNoAnswer);
     }
-    CliRun run{options, &session, out, err};
+    CliRun run{options, &session, out, err, port};
     if (needs == Needs::Libraries) {
         return command->run(run);
     }

@@ -5,12 +5,15 @@
 #include "CliText.h"
 #include "CommandTable.h"
 
+#include <signal.h>
 #include <unistd.h>
 
 #include "diagnostics/ClsKdxDiagnostic.h"
+#include "diagnostics/CommandLanguage.h"
 #include "diagnostics/CompleteDiagnostic.h"
 
 #include <array>
+#include <atomic>
 #include <filesystem>
 #include <optional>
 #include <ostream>
@@ -19,11 +22,51 @@ namespace korval::cli {
 
 namespace {
 
+std::atomic<bool> interrupted{false};
+
+// Ctrl-C and a polite kill end the scan between two queries, never inside one.
+class InterruptCatcher {
+public:
+    InterruptCatcher() {
+        interrupted = false;
+        struct sigaction action {};
+        action.sa_handler = [](int) { interrupted = true; };
+        sigemptyset(&action.sa_mask);
+        sigaction(SIGINT, &action, &oldInt_);
+        sigaction(SIGTERM, &action, &oldTerm_);
+    }
+    ~InterruptCatcher() {
+        sigaction(SIGINT, &oldInt_, nullptr);
+        sigaction(SIGTERM, &oldTerm_, nullptr);
+    }
+    InterruptCatcher(const InterruptCatcher&) = delete;
+    InterruptCatcher& operator=(const InterruptCatcher&) = delete;
+
+private:
+    struct sigaction oldInt_ {};
+    struct sigaction oldTerm_ {};
+};
+
+// The panels and the report ask an on-line controller; one that does not answer the driver's
+// status query may still answer the language, so the queries go out all the same.
+void bringOnline(CliRun& r) {
+    r.session->kdx().BringOnline();
+    if (r.session->kdx().LastStatus == "ERRORCOMMUNICATIONS") {
+        r.err << "korval-cli: warning: the controller does not answer the status query on "
+              << r.port << "; asking anyway\n";
+    }
+}
+
+int noAnswer(CliRun& r) {
+    return Fail(r.err, "no query was answered on " + r.port, ExitNoAnswer);
+}
+
 int info(CliRun& r) {
     if (r.options.args.size() != 1) {
         return Fail(r.err, "info takes one subject (korval-cli info --help lists them)", ExitUsage);
     }
     auto& session = *r.session;
+    bringOnline(r);
     ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter());
     const auto& subject = r.options.args[0];
     std::string text;
@@ -78,7 +121,7 @@ int info(CliRun& r) {
                     ExitUsage);
     }
     r.out << AsLines(ForShell(text));
-    return ExitOk;
+    return diagnostic.cycle().Answered() > 0 ? ExitOk : noAnswer(r);
 }
 
 int diag(CliRun& r) {
@@ -104,22 +147,40 @@ int diag(CliRun& r) {
         }
     }
     auto& session = *r.session;
+    bringOnline(r);
     ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter());
     DiagnosticBoxes boxes;
-    // A diagnostic leaves the controller's current program as it found it.
-    const auto report = RunCompleteDiagnostic(
+    const InterruptCatcher catcher;
+    const auto result = RunCompleteDiagnostic(
         diagnostic, boxes,
-        [&r](const std::string& added) { r.err << ForShell(added) << std::flush; },
-        ScanOptions{true});
+        {[&r](const std::string& added) { r.err << ForShell(added) << std::flush; }, nullptr,
+         [] { return interrupted.load(); }});
+    if (result.stopped) {
+        // Nothing half written, and the controller left idle and on line.
+        session.kdx().SendCommandsToPort(std::string(kdx::QueryPrologue));
+        session.delay().TimeDelay(QueryCycle::ReplyDelay);
+        return Fail(r.err,
+                    "interrupted during \"Scanning " + result.reachedStep + "\"; no report written",
+                    ExitInterrupted);
+    }
+    if (result.Complete()) {
+        r.err << "\n"; // "Generating Report" ends its line
+    } else {
+        r.err << "korval-cli: the serial line failed during \"Scanning " << result.reachedStep
+              << "\"; the report is incomplete\n";
+    }
     if (file) {
-        if (!SaveDiagnosticReport(*file, report)) {
+        if (!SaveDiagnosticReport(*file, result.report)) {
             return Fail(r.err, "cannot write the report to " + *file, ExitNoAnswer);
         }
         r.err << "Report saved to " << *file << "\n";
     } else {
-        r.out << report << std::flush;
+        r.out << result.report << std::flush;
     }
-    return ExitOk;
+    if (!result.Complete()) {
+        return ExitNoAnswer;
+    }
+    return result.answered > 0 ? ExitOk : noAnswer(r);
 }
 
 const CliCommand Commands[] = {
@@ -128,11 +189,11 @@ const CliCommand Commands[] = {
      "                       joystick-analog, joystick-digital, output-pulse,\n"
      "                       multifunction, analog-input, outputs, overtravel, inputs,\n"
      "                       limits",
-     Needs::Online, info},
+     Needs::Port, info},
     {"diag",
      "diag [--output FILE]   the complete diagnostic: progress on stderr, the report's\n"
      "                       exact bytes on stdout, or saved to FILE (\".txt\" added)",
-     Needs::Online, diag},
+     Needs::Port, diag},
 };
 
 } // namespace

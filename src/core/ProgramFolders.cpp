@@ -33,9 +33,9 @@ ProgramFolders FoldersFor(const std::string& programFolder) {
     f.config = ClsFileFolder::FormatPath(f.application + "Config");
     f.documentation = ClsFileFolder::FormatPath(f.application + "Documentation");
     if (!writableFolder(f.config)) {
-        // An installed program's folder is not the user's to write: settings go home.
+        // An installed program's folder is not the user's to write: settings go home (the
+        // folder is made once the libraries are loaded, with the settings file).
         f.config = UserConfigFolder();
-        ClsFileFolder::MakeFolder(f.config);
     }
     f.settingsFile = f.config + "KORVAL Settings.ini";
     return f;

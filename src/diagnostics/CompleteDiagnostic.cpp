@@ -33,13 +33,13 @@ std::string banner(const char* name) {
 
 std::string ReadCurrentProgramAsIs(QueryCycle& cycle) {
     cycle.driver().ClearPortChars();
-    cycle.driver().SendCommandsToPort(kdx::GetCurrentProgramBare());
+    cycle.Send(kdx::GetCurrentProgramBare());
     cycle.Wait(QueryCycle::ReplyDelay);
-    return cycle.driver().ReadReplyAndClearPort();
+    return cycle.ReadAndClear();
 }
 
 void RestoreCurrentProgram(QueryCycle& cycle, const std::string& kept) {
-    cycle.driver().SendCommandsToPort(kdx::SelectProgramAsRead(kept));
+    cycle.Send(kdx::SelectProgramAsRead(kept));
 }
 
 void RefreshProgramsPanel(ClsKdxDiagnostic& diagnostic, const ProgramsPanelTargets& targets) {
@@ -53,12 +53,11 @@ void RefreshProgramsPanel(ClsKdxDiagnostic& diagnostic, const ProgramsPanelTarge
     RestoreCurrentProgram(cycle, kept);
 }
 
-std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& b,
-                                  const ScanProgress& progress, ScanOptions options,
-                                  BusyPointer* pointer) {
+ScanResult RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& b,
+                                 const ScanOptions& options) {
     auto tell = [&](const std::string& text) {
-        if (progress) {
-            progress(text);
+        if (options.progress) {
+            options.progress(text);
         }
     };
     auto& d = diagnostic;
@@ -102,37 +101,53 @@ std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes&
     };
     steps.insert(steps.end(), rest.begin(), rest.end());
 
-    if (pointer != nullptr) {
-        pointer->SetBusy(true);
+    if (options.pointer != nullptr) {
+        options.pointer->SetBusy(true);
     }
     auto& cycle = d.cycle();
-    std::string kept;
-    for (std::size_t i = 0; i < steps.size(); ++i) {
-        const bool firstListing = i == 4;
-        const bool lastListing = i == 8;
-        if (firstListing && options.restoreCurrentProgram) {
-            kept = ReadCurrentProgramAsIs(cycle);
+    const int answeredBefore = cycle.Answered();
+    ScanResult result;
+    for (const auto& step : steps) {
+        if (options.stopRequested && options.stopRequested()) {
+            result.stopped = true;
+            result.reachedStep = step.name;
+            break;
         }
-        tell("Scanning " + steps[i].name + CrLf);
-        for (auto* box : steps[i].boxes) {
+        tell("Scanning " + step.name + CrLf);
+        for (auto* box : step.boxes) {
             box->text.clear();
         }
-        steps[i].query();
-        cycle.Wait(StepPause);
-        tell(steps[i].name + " Complete" + CrLf);
-        if (lastListing && options.restoreCurrentProgram) {
-            RestoreCurrentProgram(cycle, kept);
+        step.query();
+        if (cycle.LineFailed()) {
+            // Empty replies from a dead line are no facts: stop at once.
+            result.lineFailed = true;
+            result.reachedStep = step.name;
+            break;
         }
+        cycle.Wait(StepPause);
+        tell(step.name + " Complete" + CrLf);
     }
-    cycle.Wait(StepPause);
-    tell(std::string("Scan Complete") + CrLf);
-    tell("Generating Report");
-    cycle.Wait(StepPause);
-    auto report = BuildDiagnosticReport(b);
-    if (pointer != nullptr) {
-        pointer->SetBusy(false);
+    if (result.Complete()) {
+        cycle.Wait(StepPause);
+        tell(std::string("Scan Complete") + CrLf);
+        tell("Generating Report");
+        cycle.Wait(StepPause);
     }
-    return report;
+    result.report = BuildDiagnosticReport(b);
+    if (!result.Complete()) {
+        result.report += IncompleteReportNote(result);
+    }
+    result.answered = cycle.Answered() - answeredBefore;
+    if (options.pointer != nullptr) {
+        options.pointer->SetBusy(false);
+    }
+    return result;
+}
+
+std::string IncompleteReportNote(const ScanResult& result) {
+    return std::string(CrLf) + CrLf + "Report incomplete: " +
+           (result.lineFailed ? "the serial line failed" : "the scan was stopped") +
+           " during \"Scanning " + result.reachedStep + "\"." + CrLf;
 }
 
 std::string BuildDiagnosticReport(const DiagnosticBoxes& b) {

@@ -29,18 +29,31 @@ struct DiagnosticBoxes {
 using ScanProgress = std::function<void(const std::string& added)>;
 
 struct ScanOptions {
-    // The scan leaves the last listed program (4) current. Set this to read the current program
-    // before the listings and select it again after them, as the Programs panel does.
-    bool restoreCurrentProgram = false;
+    ScanProgress progress;
+    BusyPointer* pointer = nullptr;
+    // Asked before each step: true ends the scan there (the Stop button, an interrupt).
+    std::function<bool()> stopRequested;
 };
 
-// Runs the 22 steps over `diagnostic`, filling `boxes`, and gives back the report.
-std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& boxes,
-                                  const ScanProgress& progress = {}, ScanOptions options = {},
-                                  BusyPointer* pointer = nullptr);
+struct ScanResult {
+    std::string report;
+    int answered = 0;        // queries that got any reply
+    std::string reachedStep; // the step running when the scan ended early ("Axis")
+    bool lineFailed = false; // the port itself failed: unplugged, hung up, a read error
+    bool stopped = false;    // ended at the user's request
+    bool Complete() const { return !lineFailed && !stopped; }
+};
+
+// Runs the 22 steps over `diagnostic`, filling `boxes`, and gives back the report. The scan
+// leaves the last listed program (4) current. A scan that ends early still gives the report
+// of what it read, marked as incomplete at its end.
+ScanResult RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& boxes,
+                                 const ScanOptions& options = {});
 
 // The report from the panel texts: single-byte text with CR LF line ends.
 std::string BuildDiagnosticReport(const DiagnosticBoxes& boxes);
+// The line that closes the report of a scan that ended early.
+std::string IncompleteReportNote(const ScanResult& result);
 
 // The current program as the controller gives it to "PM" and CR, kept as it came.
 std::string ReadCurrentProgramAsIs(QueryCycle& cycle);

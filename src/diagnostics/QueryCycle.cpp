@@ -5,24 +5,35 @@
 namespace korval {
 
 void QueryCycle::Prologue() {
-    driver_.SendCommandsToPort(std::string(kdx::QueryPrologue));
+    Send(kdx::QueryPrologue);
     delay_.TimeDelay(ReplyDelay);
+}
+
+void QueryCycle::Send(std::string_view text) {
+    driver_.SendCommandsToPort(std::string(text));
+}
+
+std::string QueryCycle::read(bool clear) {
+    lineFailed_ = !driver_.PortIsOpen();
+    if (lineFailed_) {
+        return {};
+    }
+    auto reply = clear ? driver_.ReadReplyAndClearPort() : driver_.ReadReplyFromPort();
+    answered_ += reply.empty() ? 0 : 1;
+    return reply;
 }
 
 std::string QueryCycle::Ask(std::string_view query, double wait) {
     driver_.ClearPortChars();
-    driver_.SendCommandsToPort(std::string(query));
+    Send(query);
     delay_.TimeDelay(wait);
-    return driver_.ReadReplyFromPort();
+    return read(false);
 }
 
 std::string QueryCycle::AskAfterPause(std::string_view query) {
     // Cleared after the pause, so that whatever straggles in during it is not read as the reply.
     delay_.TimeDelay(ReplyDelay);
-    driver_.ClearPortChars();
-    driver_.SendCommandsToPort(std::string(query));
-    delay_.TimeDelay(ReplyDelay);
-    return driver_.ReadReplyFromPort();
+    return Ask(query);
 }
 
 } // namespace korval

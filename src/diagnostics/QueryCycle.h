@@ -21,13 +21,26 @@ public:
     std::string Ask(std::string_view query, double wait = ReplyDelay);
     // As Ask, with a pause before the send too (the axis settings read that way).
     std::string AskAfterPause(std::string_view query);
+    // The cycle's parts, for the queries that read their reply in a way of their own.
+    void Send(std::string_view text);
+    std::string ReadAndClear() { return read(true); }
     void Wait(double seconds) { delay_.TimeDelay(seconds); }
 
     ClsDriverKdx& driver() { return driver_; }
 
+    // Queries that got any reply since the cycle was made.
+    int Answered() const { return answered_; }
+    // At the last read the port itself had failed (unplugged, hung up, a read or write error),
+    // which is not mere silence: its reply was no reply.
+    bool LineFailed() const { return lineFailed_; }
+
 private:
+    std::string read(bool clear);
+
     ClsDriverKdx& driver_;
     ClsTimeDelay& delay_;
+    int answered_ = 0;
+    bool lineFailed_ = false;
 };
 
 } // namespace korval

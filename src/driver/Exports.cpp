@@ -17,17 +17,22 @@ KdxDriver& driver() {
     return KdxDriver::instance();
 }
 
-char* text(const std::string& value) {
+// A text result: its bytes, zero-ended, and its length through `length`.
+char* text(const std::string& value, int32_t* length) {
     auto* out = static_cast<char*>(std::malloc(value.size() + 1));
     if (out != nullptr) {
         std::memcpy(out, value.data(), value.size());
         out[value.size()] = '\0';
     }
+    if (length != nullptr) {
+        *length = out != nullptr ? static_cast<int32_t>(value.size()) : 0;
+    }
     return out;
 }
 
-std::string arg(const char* buffer) {
-    return buffer != nullptr ? buffer : "";
+std::string arg(const char* buffer, int32_t length) {
+    return buffer != nullptr && length > 0 ? std::string(buffer, static_cast<std::size_t>(length))
+                                           : std::string();
 }
 
 std::string withoutLineEnds(std::string value) {
@@ -45,9 +50,17 @@ std::int32_t setting(const std::optional<std::string>& reply) {
     return korval::IsNumeric(value) ? korval::ToInt32(korval::Val(value)).value_or(-1) : -1;
 }
 
+std::optional<std::string> ask(const std::string& item) {
+    return driver().transact(item, korval::driver::ReplyKind::Word);
+}
+
+bool command(const std::string& item) {
+    return driver().transact(item, korval::driver::ReplyKind::None).has_value();
+}
+
 std::int32_t storeSetting(const std::string& word, std::int32_t motor, std::int32_t value) {
     const auto item = word + std::to_string(motor) + "M" + std::to_string(value) + ",";
-    return driver().transact(item) && driver().transact("rsm") ? 1 : 0;
+    return command(item) && driver().transact("rsm", korval::driver::ReplyKind::Caret) ? 1 : 0;
 }
 
 } // namespace
@@ -108,7 +121,7 @@ int32_t OpenPort(int32_t port, int32_t baud) {
     return driver().openPort(port, baud) ? 1 : 0;
 }
 int32_t OpenPortByName(const char* device, int32_t baud) {
-    return driver().openDevice(arg(device), 0, baud) ? 1 : 0;
+    return driver().openDevice(device != nullptr ? device : "", 0, baud) ? 1 : 0;
 }
 int32_t IsPortOpen(void) {
     return driver().isOpen() ? 1 : 0;
@@ -117,20 +130,20 @@ int32_t ClosePort(void) {
     driver().closePort();
     return 1;
 }
-int32_t SendToPort(char* buffer) {
-    return driver().send(arg(buffer)) ? 1 : 0;
+int32_t SendToPort(const char* buffer, int32_t length) {
+    return driver().send(arg(buffer, length)) ? 1 : 0;
 }
-char* ReadFromPort(void) {
-    return text(driver().readStore(false));
+char* ReadFromPort(int32_t* length) {
+    return text(driver().readStore(false), length);
 }
-char* ReadAndThenClearFromPort(void) {
-    return text(driver().readStore(true));
+char* ReadAndThenClearFromPort(int32_t* length) {
+    return text(driver().readStore(true), length);
 }
 int32_t CountCharsAtPort(void) {
     return driver().countStore();
 }
-int32_t SearchForChars(char* buffer) {
-    return driver().storeContains(arg(buffer)) ? 1 : 0;
+int32_t SearchForChars(const char* buffer, int32_t length) {
+    return driver().storeContains(arg(buffer, length)) ? 1 : 0;
 }
 int32_t CleanTerminal(void) {
     driver().cleanTerminal();
@@ -140,22 +153,22 @@ int32_t ClearTerminal(void) {
     driver().clearTerminal();
     return 1;
 }
-char* GetTerminal(void) {
-    return text(driver().terminal());
+char* GetTerminal(int32_t* length) {
+    return text(driver().terminal(), length);
 }
 int32_t ClearPort(void) {
     driver().clearStore();
     return 1;
 }
-int32_t RemoveFromPort(char* buffer) {
-    driver().removeFromStore(arg(buffer));
+int32_t RemoveFromPort(const char* buffer, int32_t length) {
+    driver().removeFromStore(arg(buffer, length));
     return 1;
 }
-char* VerifyControlStatus(void) {
-    return text(driver().verifyStatus());
+char* VerifyControlStatus(int32_t* length) {
+    return text(driver().verifyStatus(), length);
 }
-char* StateCheck(char* buffer) {
-    return text(driver().verifyStatus() == arg(buffer) ? "1" : "0");
+char* StateCheck(const char* buffer, int32_t length, int32_t* resultLength) {
+    return text(driver().verifyStatus() == arg(buffer, length) ? "1" : "0", resultLength);
 }
 
 int32_t FunctionEscapeTrue(void) {
@@ -171,27 +184,27 @@ int32_t AreAllFunctionsEnabled(void) {
 }
 
 int32_t Online(void) {
-    return driver().transact("F,") ? 1 : 0;
+    return command("F,") ? 1 : 0;
 }
 int32_t Offline(void) {
-    return driver().transact("Q,") ? 1 : 0;
+    return command("Q,") ? 1 : 0;
 }
 int32_t KillKdxProgram(void) {
-    return driver().transact("K,") ? 1 : 0;
+    return command("K,") ? 1 : 0;
 }
 int32_t StopKdxProgram(void) {
-    return driver().transact("D,") ? 1 : 0;
+    return command("D,") ? 1 : 0;
 }
 
-char* GetMotorPosition(int32_t motor) {
-    return text(withoutLineEnds(driver().transact("X" + std::to_string(motor) + ",").value_or("")));
+char* GetMotorPosition(int32_t motor, int32_t* length) {
+    return text(withoutLineEnds(ask("X" + std::to_string(motor) + ",").value_or("")), length);
 }
 
-int32_t WaitForChar(char* buffer, int64_t limit) {
-    return driver().waitForChar(arg(buffer), limit);
+int32_t WaitForChar(const char* buffer, int32_t length, int64_t limit) {
+    return driver().waitForChar(arg(buffer, length), limit);
 }
 int32_t RunProgram(void) {
-    return driver().transact("R") ? 1 : 0;
+    return command("R") ? 1 : 0;
 }
 int32_t RunProgramAndWaitForFinish(int64_t limit) {
     return driver().runAndWait(limit);
@@ -215,38 +228,39 @@ int32_t SetScanAbortStatus(int32_t flag) {
 }
 
 int32_t GetMotor(int32_t motor) {
-    return setting(driver().transact("getM" + std::to_string(motor) + "M,"));
+    return setting(ask("getM" + std::to_string(motor) + "M,"));
 }
 int32_t SetMotor(int32_t motor, int32_t value) {
     return storeSetting("setM", motor, value);
 }
 int32_t GetLimit(int32_t motor) {
-    return setting(driver().transact("getL" + std::to_string(motor) + "M,"));
+    return setting(ask("getL" + std::to_string(motor) + "M,"));
 }
 int32_t SetLimit(int32_t motor, int32_t value) {
     return storeSetting("setL", motor, value);
 }
 
-char* GetCurrentProgramMemory(void) {
-    return text(withoutLineEnds(driver().transact("N,").value_or("")));
+char* GetCurrentProgramMemory(int32_t* length) {
+    return text(withoutLineEnds(ask("N,").value_or("")), length);
 }
-char* GetCurrentProgramNumber(void) {
-    const auto number = driver().transact("PM,");
-    return text(number ? "PM" + withoutLineEnds(*number) : "");
+char* GetCurrentProgramNumber(int32_t* length) {
+    const auto number = ask("PM,");
+    return text(number ? "PM" + withoutLineEnds(*number) : "", length);
 }
 int32_t SetCurrentProgramNumber(int32_t number) {
-    return driver().transact("PM" + std::to_string(number) + ",") ? 1 : 0;
+    return command("PM" + std::to_string(number) + ",") ? 1 : 0;
 }
-char* GetCurrentProgramListing(int32_t number) {
-    if (!driver().transact("PM" + std::to_string(number) + ",")) {
-        return text("");
+char* GetCurrentProgramListing(int32_t number, int32_t* length) {
+    if (!command("PM" + std::to_string(number) + ",")) {
+        return text("", length);
     }
-    return text(driver().transact("lst,").value_or(""));
+    return text(driver().transact("lst,", korval::driver::ReplyKind::Listing).value_or(""), length);
 }
 
 int32_t PossibleNumOfMotors(void) {
-    const auto reply = driver().transact("getM3M,");
-    const bool answers = reply.has_value() || driver().transact("V,").has_value();
+    const auto reply = ask("getM3M,");
+    // Silence from axis 3 alone still means a controller there: it answers its version.
+    const bool answers = reply.has_value() || ask("getD0,").has_value();
     return korval::driver::possibleMotors(reply, answers);
 }
 
@@ -254,8 +268,7 @@ int32_t ActualNumOfMotors(void) {
     using korval::driver::AxisAnswer;
     AxisAnswer axes[4];
     for (int m = 1; m <= 4; ++m) {
-        axes[m - 1] =
-            korval::driver::classifyAxis(driver().transact("getM" + std::to_string(m) + "M,"));
+        axes[m - 1] = korval::driver::classifyAxis(ask("getM" + std::to_string(m) + "M,"));
     }
     return korval::driver::arrangementCode(axes);
 }

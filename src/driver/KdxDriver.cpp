@@ -21,10 +21,20 @@ using namespace std::chrono_literals;
 constexpr std::size_t StoreLimit = 65535;
 constexpr std::size_t TerminalLimit = 2 * 65535;
 constexpr std::size_t TerminalKeep = 32767; // what CleanTerminal leaves
-constexpr std::size_t FrameQueueLimit = 64;
 constexpr auto PollPeriod = 500ms;
 constexpr auto JogPollPeriod = 100ms;
 constexpr auto ScanWait = 150ms;
+// An answer starts within this time of its item, and goes on without a pause this long.
+constexpr auto ReplyWait = 300ms;
+// Before reading an answer in place, the line must be quiet for a moment and the program's own
+// last query past the time in which its reply comes, so that no byte of it is taken for ours.
+constexpr auto QuietGap = 20ms;
+constexpr auto ProgramReplyTime = 100ms;
+constexpr auto SettleCap = 1s;
+// The poller asks only when the program has left the line alone this long.
+constexpr auto PollIdle = 300ms;
+// How the traffic view marks the driver's own items, apart from the program's text (">").
+constexpr char OwnItem = '#';
 constexpr int Bauds[] = {9600, 19200, 38400};
 
 void keepTail(std::string& text, std::size_t limit, std::size_t keep) {
@@ -184,8 +194,6 @@ bool KdxDriver::openDevice(const std::string& device, int port, int baud) {
         Qt::BlockingQueuedConnection);
     if (ok) {
         std::lock_guard lock(mutex_);
-        splitter_.reset();
-        frames_.clear();
         lastReport_.clear();
         open_ = true;
     }
@@ -237,10 +245,18 @@ void KdxDriver::onPortLost() {
 }
 
 bool KdxDriver::send(const std::string& bytes) {
-    if (!open_ || escape_) {
+    if (!open_ || escape_ || !lockExchange()) {
         return false;
     }
-    traffic('>', bytes);
+    std::lock_guard exchange(exchange_, std::adopt_lock);
+    write(bytes, '>');
+    std::lock_guard lock(mutex_);
+    lastSend_ = Clock::now();
+    return true;
+}
+
+void KdxDriver::write(const std::string& bytes, char direction) {
+    traffic(direction, bytes);
     QMetaObject::invokeMethod(
         context_,
         [this, data = QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))] {
@@ -249,45 +265,45 @@ bool KdxDriver::send(const std::string& bytes) {
             }
         },
         Qt::QueuedConnection);
-    return true;
 }
 
 void KdxDriver::onBytes(const std::string& bytes) {
     traffic('<', bytes);
     std::string stream;
+    {
+        std::lock_guard lock(mutex_);
+        lastByte_ = Clock::now();
+        stream = capture_ != nullptr ? capture_->feed(bytes) : bytes;
+    }
+    toStream(stream);
+    changed_.notify_all();
+}
+
+void KdxDriver::toStream(const std::string& stream) {
+    if (stream.empty()) {
+        return;
+    }
     std::string terminalText;
     {
         std::lock_guard lock(mutex_);
-        auto split = splitter_.feed(bytes);
-        stream = std::move(split.stream);
-        for (auto& f : split.frames) {
-            frames_.push_back(std::move(f));
-        }
-        while (frames_.size() > FrameQueueLimit) {
-            frames_.pop_front();
-        }
-        lastByte_ = Clock::now();
+        lastStreamByte_ = Clock::now();
         store_ += stream;
         keepTail(store_, StoreLimit, StoreLimit);
         terminal_ += stream;
         keepTail(terminal_, TerminalLimit, TerminalKeep);
-        if (!stream.empty()) {
-            terminalText = terminal_;
-        }
+        terminalText = terminal_;
     }
-    if (!stream.empty()) {
-        writeSink(SinkRole::Buffer, stream);
-        writeSink(SinkRole::Terminal, terminalText);
-        for (auto n = std::count(stream.begin(), stream.end(), '^'); n > 0; --n) {
-            writeSink(SinkRole::Report, "^");
-        }
+    writeSink(SinkRole::Buffer, stream);
+    writeSink(SinkRole::Terminal, terminalText);
+    const auto ends = std::count(stream.begin(), stream.end(), '^');
+    for (auto n = ends; n > 0; --n) {
+        writeSink(SinkRole::Report, "^");
     }
     // A run's end counts only now, so what ended a wait is already in the program's mailbox.
-    if (const auto ends = std::count(stream.begin(), stream.end(), '^'); ends > 0) {
+    if (ends > 0) {
         std::lock_guard lock(mutex_);
         carets_ += static_cast<std::uint64_t>(ends);
     }
-    changed_.notify_all();
 }
 
 std::string KdxDriver::readStore(bool clear) {
@@ -368,8 +384,8 @@ bool KdxDriver::waitUntil(const std::function<bool()>& ready,
 }
 
 bool KdxDriver::lockExchange() {
-    // The poller may hold the line for one exchange. No events run meanwhile: an event handler
-    // that asked the controller in turn would wait on this very exchange.
+    // Held for one exchange at most. No events run meanwhile: an event handler that asked the
+    // controller in turn would wait on this very exchange.
     while (!exchange_.try_lock()) {
         if (escape_ || !open_) {
             return false;
@@ -380,42 +396,62 @@ bool KdxDriver::lockExchange() {
     return true;
 }
 
-std::optional<std::string> KdxDriver::transact(const std::string& item, Clock::duration silence,
+void KdxDriver::settle() {
+    const auto start = Clock::now();
+    std::unique_lock lock(mutex_);
+    while (!escape_ && open_) {
+        const auto now = Clock::now();
+        if ((now - lastStreamByte_ >= QuietGap && now - lastSend_ >= ProgramReplyTime) ||
+            now - start >= SettleCap) {
+            return;
+        }
+        changed_.wait_for(lock, 2ms);
+    }
+}
+
+bool KdxDriver::idle() {
+    std::lock_guard lock(mutex_);
+    const auto now = Clock::now();
+    return now - lastStreamByte_ >= PollIdle && now - lastSend_ >= PollIdle;
+}
+
+std::optional<std::string> KdxDriver::transact(const std::string& item, ReplyKind kind,
                                                Clock::duration cap) {
     if (escape_ || !open_ || !lockExchange()) {
         return std::nullopt;
     }
     std::lock_guard exchange(exchange_, std::adopt_lock);
+    if (kind == ReplyKind::None) {
+        write(item, OwnItem); // nothing to read, so nothing of the program's can be taken
+        return std::string();
+    }
+    settle();
+    ReplyReader reader(kind, item);
     {
         std::lock_guard lock(mutex_);
-        frames_.clear(); // a late answer to an earlier exchange is not this one's
+        capture_ = &reader;
     }
     const auto sent = Clock::now();
-    send("#" + item);
-    std::optional<std::string> frame;
+    write(item, OwnItem);
     ++activeCalls_;
-    // A frame comes within a fraction of a second; the host's events wait that long, so no
-    // handler can start a second exchange inside this one.
-    while (!escape_ && open_) {
+    {
         std::unique_lock lock(mutex_);
-        if (!frames_.empty()) {
-            frame = std::move(frames_.front());
-            frames_.pop_front();
-            break;
+        while (!escape_ && open_ && !reader.complete()) {
+            const auto now = Clock::now();
+            if (now - std::max(sent, lastByte_) >= ReplyWait || now - sent >= cap) {
+                break;
+            }
+            changed_.wait_for(lock, 2ms);
         }
-        const auto quietSince = std::max(sent, lastByte_);
-        const auto now = Clock::now();
-        if (now - quietSince >= silence || now - sent >= cap) {
-            break;
-        }
-        changed_.wait_for(lock, 2ms);
+        capture_ = nullptr;
     }
     --activeCalls_;
-    return frame;
+    // Half an answer is no answer: the rest was lost on the line.
+    return reader.complete() ? std::optional(reader.reply()) : std::nullopt;
 }
 
 std::string KdxDriver::verifyStatus() {
-    const auto code = transact("V,");
+    const auto code = transact("V,", ReplyKind::Status);
     return code ? statusWord(*code) : ErrorCommunications;
 }
 
@@ -436,7 +472,7 @@ int KdxDriver::runAndWait(std::int64_t limit) {
         std::lock_guard lock(mutex_);
         before = carets_;
     }
-    if (!transact("R")) {
+    if (!transact("R", ReplyKind::None)) {
         return 0;
     }
     std::optional<Clock::time_point> deadline;
@@ -471,7 +507,8 @@ int KdxDriver::detect(int highestPort, const KdxSink* progress) {
             if (device.empty() || !openDevice(device, port, baud)) {
                 continue;
             }
-            if (transact("V,", ScanWait, ScanWait)) {
+            // A query of the controller's own language, so that any controller is found.
+            if (transact("getD0,", ReplyKind::Word, ScanWait)) {
                 say("Found KDX on Com" + std::to_string(port) + " at " + std::to_string(baud) +
                     " baud");
                 return 1;
@@ -488,7 +525,7 @@ void KdxDriver::jog(int motor, int speed, bool positive, const KdxSink* target) 
     const auto item =
         "H" + std::to_string(motor) + "M" +
         (speed < 0 ? "A" + sign + std::to_string(-speed) : sign + std::to_string(speed)) + ",";
-    if (!transact(item)) {
+    if (!transact(item, ReplyKind::None)) {
         return;
     }
     {
@@ -523,11 +560,11 @@ void KdxDriver::pollLoop() {
 }
 
 void KdxDriver::pollOnce() {
-    if (!open_ || escape_ || !exchange_.try_lock()) {
+    if (!open_ || escape_ || !idle() || !exchange_.try_lock()) {
         return; // the program is talking to the controller; look again next round
     }
     exchange_.unlock();
-    const auto code = transact("V,");
+    const auto code = transact("V,", ReplyKind::Status);
     const auto report = code ? reportCode(*code) : std::string(ErrorCommunications);
     int motor = 0;
     KdxSink target{};
@@ -548,7 +585,7 @@ void KdxDriver::pollOnce() {
         writeSink(SinkRole::Report, report);
     }
     if (motor != 0 && target.write != nullptr) {
-        if (const auto position = transact("X" + std::to_string(motor) + ",")) {
+        if (const auto position = transact("X" + std::to_string(motor) + ",", ReplyKind::Word)) {
             target.write(target.context, position->data(),
                          static_cast<std::int32_t>(position->size()));
         }

@@ -2,7 +2,7 @@
 // The serial driver behind the plain C interface: one port, a receive thread that owns the
 // QSerialPort, a polling thread that watches the controller's status, and the stores and sinks
 // the program reads. Blocking calls let the host's events run while they wait.
-#include "FrameSplitter.h"
+#include "ReplyReader.h"
 
 #include "link/KdxDriverApi.h"
 #include "link/PortMap.h" // read afresh on every open: the map may change at any time
@@ -11,7 +11,6 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -42,7 +41,8 @@ public:
     bool isOpen() const { return open_; }
     int currentPort() const { return port_; }
     int currentBaud() const { return baud_; }
-    bool send(const std::string& bytes); // as it stands, adding nothing
+    // The program's text, as it stands, adding nothing; it waits while the driver holds the line.
+    bool send(const std::string& bytes);
 
     // Receive store and terminal text.
     std::string readStore(bool clear);
@@ -54,9 +54,10 @@ public:
     void clearTerminal();
     void cleanTerminal();
 
-    // Controller exchanges.
-    std::optional<std::string> transact(const std::string& item,
-                                        Clock::duration silence = std::chrono::milliseconds(300),
+    // One of the driver's own exchanges: the line is held, the item sent, and its answer read in
+    // place (bytes that are not the answer go on to the receive store). Empty when the
+    // controller did not answer; for a command with no answer, the empty text once it is sent.
+    std::optional<std::string> transact(const std::string& item, ReplyKind kind,
                                         Clock::duration cap = std::chrono::seconds(3));
     std::string verifyStatus();
     int waitForChar(const std::string& character, std::int64_t limit);
@@ -82,6 +83,10 @@ public:
 private:
     KdxDriver();
     void onBytes(const std::string& bytes);
+    void toStream(const std::string& stream);
+    void write(const std::string& bytes, char direction);
+    void settle();
+    bool idle();
     void onPortLost();
     void writeSink(SinkRole role, const std::string& text);
     void traffic(char direction, const std::string& bytes);
@@ -102,16 +107,17 @@ private:
     std::condition_variable changed_;
     std::string store_;
     std::string terminal_;
-    std::deque<std::string> frames_;
-    FrameSplitter splitter_;
-    Clock::time_point lastByte_{};
+    ReplyReader* capture_ = nullptr;     // the answer being read in place, while the line is held
+    Clock::time_point lastByte_{};       // of any byte from the controller
+    Clock::time_point lastStreamByte_{}; // of a byte that went on to the receive store
+    Clock::time_point lastSend_{};       // of the program's own text
     std::uint64_t carets_ = 0;
     KdxSink sinks_[5]{};
     std::string lastReport_;
     int jogMotor_ = 0;
     KdxSink jogTarget_{};
 
-    std::mutex exchange_; // one private exchange at a time
+    std::mutex exchange_; // held by an exchange of the driver's own: the program's text waits
     std::atomic<bool> escape_{false};
     std::atomic<int> activeCalls_{0};
 

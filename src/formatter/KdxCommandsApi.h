@@ -1,5 +1,6 @@
 /* The plain C interface of the commands library: FormatCommands, and FreeText to give its text
- * results back. Text is single-byte and zero-ended. */
+ * results back. Text is single-byte and crosses with its length both ways (the result is also
+ * zero-ended, for convenience). */
 #ifndef KORVAL_KDX_COMMANDS_API_H
 #define KORVAL_KDX_COMMANDS_API_H
 
@@ -17,7 +18,8 @@ extern "C" {
 
 /* One command to a line, lines ended by CR, the input's comments dropped; with flag 1 a comment
  * after each command behind a ";". */
-KDX_COMMANDS_EXPORT char* FormatCommands(char* buffer, int32_t flag);
+KDX_COMMANDS_EXPORT char* FormatCommands(const char* buffer, int32_t length, int32_t flag,
+                                         int32_t* resultLength);
 KDX_COMMANDS_EXPORT void FreeText(char* text);
 
 #ifdef __cplusplus

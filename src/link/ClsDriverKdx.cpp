@@ -5,8 +5,8 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <chrono>
-#include <vector>
 
 namespace korval {
 
@@ -18,11 +18,9 @@ bool truth(std::int32_t value) {
     return value == 1;
 }
 
-// The driver takes a writable buffer; the caller's text is never handed over itself.
-std::vector<char> buffer(const std::string& text) {
-    std::vector<char> copy(text.begin(), text.end());
-    copy.push_back('\0');
-    return copy;
+// Text goes to the driver with its length, so that every byte value, NUL included, crosses.
+std::int32_t length(const std::string& text) {
+    return static_cast<std::int32_t>(text.size());
 }
 
 // Whole seconds to the driver's fixed point with four implied decimals; 0 stays 0.
@@ -40,11 +38,11 @@ ClsDriverKdx::~ClsDriverKdx() {
     }
 }
 
-std::string ClsDriverKdx::takeText(char* text) {
+std::string ClsDriverKdx::takeText(char* text, std::int32_t size) {
     if (text == nullptr) {
         return {};
     }
-    std::string out(text);
+    std::string out(text, static_cast<std::size_t>(std::max<std::int32_t>(size, 0)));
     if (table_.FreeText != nullptr) {
         table_.FreeText(text);
     }
@@ -118,6 +116,13 @@ std::intptr_t ClsDriverKdx::UnLoadDriver() {
 // Calls an operation when the table has it; a missing driver gives the zero result.
 #define KDX_CALL(name, ...)                                                                        \
     (table_.name != nullptr ? table_.name(__VA_ARGS__) : decltype(table_.name(__VA_ARGS__))())
+// Calls an operation that gives text back with its length.
+#define KDX_TEXT(name, ...)                                                                        \
+    [&] {                                                                                          \
+        std::int32_t size = 0;                                                                     \
+        char* text = KDX_CALL(name, __VA_ARGS__ __VA_OPT__(, ) & size);                            \
+        return takeText(text, size);                                                               \
+    }()
 #define KDX_CALL_VOID(name, ...)                                                                   \
     if (table_.name != nullptr) {                                                                  \
         table_.name(__VA_ARGS__);                                                                  \
@@ -200,6 +205,10 @@ bool ClsDriverKdx::IsSerialPortOpen() {
     return open;
 }
 
+bool ClsDriverKdx::PortIsOpen() {
+    return truth(KDX_CALL(IsPortOpen));
+}
+
 std::int32_t ClsDriverKdx::PortClose() {
     const auto result = KDX_CALL(ClosePort);
     IsSerialPortOpen();
@@ -207,23 +216,21 @@ std::int32_t ClsDriverKdx::PortClose() {
 }
 
 std::int32_t ClsDriverKdx::SendCommandsToPort(const std::string& commands) {
-    auto copy = buffer(commands);
-    return KDX_CALL(SendToPort, copy.data());
+    return KDX_CALL(SendToPort, commands.data(), length(commands));
 }
 
 std::string ClsDriverKdx::ReadReplyFromPort() {
-    return takeText(KDX_CALL(ReadFromPort));
+    return KDX_TEXT(ReadFromPort);
 }
 std::string ClsDriverKdx::ReadReplyAndClearPort() {
-    return takeText(KDX_CALL(ReadAndThenClearFromPort));
+    return KDX_TEXT(ReadAndThenClearFromPort);
 }
 std::int32_t ClsDriverKdx::CountNumberCharsAtPort() {
     return KDX_CALL(CountCharsAtPort);
 }
 
 bool ClsDriverKdx::SearchForCharsAtPort(const std::string& characters) {
-    auto copy = buffer(characters);
-    return truth(KDX_CALL(SearchForChars, copy.data()));
+    return truth(KDX_CALL(SearchForChars, characters.data(), length(characters)));
 }
 
 std::int32_t ClsDriverKdx::TerminalClean() {
@@ -233,28 +240,26 @@ std::int32_t ClsDriverKdx::TerminalClear() {
     return KDX_CALL(ClearTerminal);
 }
 std::string ClsDriverKdx::TerminalGet() {
-    return takeText(KDX_CALL(GetTerminal));
+    return KDX_TEXT(GetTerminal);
 }
 std::int32_t ClsDriverKdx::ClearPortChars() {
     return KDX_CALL(ClearPort);
 }
 
 std::int32_t ClsDriverKdx::RemoveCharsFromPort(const std::string& characters) {
-    auto copy = buffer(characters);
-    return KDX_CALL(RemoveFromPort, copy.data());
+    return KDX_CALL(RemoveFromPort, characters.data(), length(characters));
 }
 
 std::string ClsDriverKdx::VerifyStatus() {
     Verifying = true;
-    LastStatus = takeText(KDX_CALL(VerifyControlStatus));
+    LastStatus = KDX_TEXT(VerifyControlStatus);
     KdxChanged.raise(LastStatus);
     Verifying = false;
     return LastStatus;
 }
 
 std::string ClsDriverKdx::VerifyState(const std::string& state) {
-    auto copy = buffer(state);
-    return takeText(KDX_CALL(StateCheck, copy.data()));
+    return KDX_TEXT(StateCheck, state.data(), length(state));
 }
 
 std::int32_t ClsDriverKdx::EscapeDriverFunctionTrue() {
@@ -291,12 +296,12 @@ std::int32_t ClsDriverKdx::StopProgram() {
 }
 
 std::string ClsDriverKdx::GetCurrentMotorPosition(std::int32_t motor) {
-    return takeText(KDX_CALL(GetMotorPosition, motor));
+    return KDX_TEXT(GetMotorPosition, motor);
 }
 
 std::int32_t ClsDriverKdx::WaitForCharacter(const std::string& character, std::int32_t limit) {
-    auto copy = buffer(character);
-    const auto result = KDX_CALL(WaitForChar, copy.data(), timeLimit(limit));
+    const auto result =
+        KDX_CALL(WaitForChar, character.data(), length(character), timeLimit(limit));
     recheck();
     return result;
 }
@@ -314,17 +319,17 @@ std::int32_t ClsDriverKdx::RunKdxProgramAndWaitForFinish(std::int32_t limit) {
 }
 
 std::string ClsDriverKdx::GetProgramMemory() {
-    return takeText(KDX_CALL(GetCurrentProgramMemory));
+    return KDX_TEXT(GetCurrentProgramMemory);
 }
 std::string ClsDriverKdx::GetProgramNumber() {
-    return takeText(KDX_CALL(GetCurrentProgramNumber));
+    return KDX_TEXT(GetCurrentProgramNumber);
 }
 std::int32_t ClsDriverKdx::SetProgramNumber(std::int32_t number) {
     return KDX_CALL(SetCurrentProgramNumber, number);
 }
 
 std::string ClsDriverKdx::GetProgramListing(std::int32_t number) {
-    return takeText(KDX_CALL(GetCurrentProgramListing, number));
+    return KDX_TEXT(GetCurrentProgramListing, number);
 }
 
 void ClsDriverKdx::GetLimitState(std::int32_t axis, LimitLamp* first, LimitLamp* second) {
@@ -363,7 +368,10 @@ std::int32_t ClsDriverKdx::GetLimitSetting(std::int32_t motor) {
 }
 
 bool ClsDriverKdx::DetectKdx(std::int32_t highestPort, const KdxSink* progress) {
-    return KDX_CALL(DetectControl, highestPort, progress) != 0;
+    const bool found = KDX_CALL(DetectControl, highestPort, progress) != 0;
+    // The scan opened ports of its own: the port shown follows the one it left.
+    PortChanged.raise(std::to_string(GetPort()), std::to_string(GetBaud()));
+    return found;
 }
 
 std::int32_t ClsDriverKdx::GetPort() {

@@ -65,6 +65,9 @@ public:
     bool IsDebugWindowOpen();
     std::int32_t PortOpen(std::int32_t port, std::int32_t baud);
     bool IsSerialPortOpen();
+    // Whether the port is open, without the events and the status check of IsSerialPortOpen:
+    // a scan asks this after each reply to notice a line that has failed.
+    bool PortIsOpen();
     std::int32_t PortClose();
     std::int32_t SendCommandsToPort(const std::string& commands);
     std::string ReadReplyFromPort();
@@ -109,7 +112,7 @@ public:
     void SetCallbackTraffic(const KdxSink* sink);
 
 private:
-    std::string takeText(char* text);
+    std::string takeText(char* text, std::int32_t size);
     void recheck(); // pause 0.1 s, then VerifyStatus
 
     ClsTimeDelay& delay_;

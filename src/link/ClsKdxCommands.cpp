@@ -4,7 +4,10 @@
 
 #include <dlfcn.h>
 
-#include <vector>
+#include "core/ClsTimeDelay.h"
+
+#include <algorithm>
+#include <chrono>
 
 namespace korval {
 
@@ -21,8 +24,7 @@ std::intptr_t ClsKdxCommands::LoadDll(const std::string& path) {
     if (library == nullptr) {
         return 0;
     }
-    auto* format =
-        reinterpret_cast<char* (*)(char*, std::int32_t)>(dlsym(library, "FormatCommands"));
+    auto* format = reinterpret_cast<decltype(format_)>(dlsym(library, "FormatCommands"));
     auto* release = reinterpret_cast<void (*)(char*)>(dlsym(library, "FreeText"));
     if (format == nullptr || release == nullptr) {
         dlclose(library); // some other library: not ours to hold
@@ -35,13 +37,16 @@ std::intptr_t ClsKdxCommands::LoadDll(const std::string& path) {
 }
 
 std::intptr_t ClsKdxCommands::UnLoadDll() {
-    int result = 0;
-    if (library_ != nullptr) {
-        result = dlclose(library_);
-    }
-    library_ = nullptr;
     format_ = nullptr;
     free_ = nullptr;
+    int result = 0;
+    do {
+        if (events_ != nullptr) {
+            events_->runEvents(std::chrono::milliseconds(1));
+        }
+        result = library_ != nullptr ? dlclose(library_) : 0;
+        library_ = nullptr;
+    } while (result != 0);
     return result;
 }
 
@@ -49,13 +54,13 @@ std::string ClsKdxCommands::AutoFormatCommands(const std::string& text, std::int
     if ((mode != 0 && mode != 1) || format_ == nullptr) {
         return {};
     }
-    std::vector<char> buffer(text.begin(), text.end());
-    buffer.push_back('\0');
-    char* result = format_(buffer.data(), mode);
-    std::string out = result != nullptr ? result : "";
-    if (result != nullptr) {
-        free_(result);
+    std::int32_t size = 0;
+    char* result = format_(text.data(), static_cast<std::int32_t>(text.size()), mode, &size);
+    if (result == nullptr) {
+        return {};
     }
+    std::string out(result, static_cast<std::size_t>(std::max<std::int32_t>(size, 0)));
+    free_(result);
     return out;
 }
 

@@ -1,7 +1,10 @@
 /* The plain C interface of the serial driver library, the only thing the program and the
- * library share. Integers are 32-bit, truth values 0/1, text single-byte and zero-ended.
- * Text results belong to the caller, who gives them back with FreeText. A sink is written from
- * the driver's own threads; see KdxSink. */
+ * library share. Integers are 32-bit, truth values 0/1, text single-byte. Text crosses with its
+ * length, both ways, so that every byte value a controller can send, NUL included, arrives
+ * unchanged: an argument is a pointer and a length; a result is returned as a pointer with its
+ * length written through the last argument (also zero-ended, for convenience). Text results
+ * belong to the caller, who gives them back with FreeText. A sink is written from the driver's
+ * own threads; see KdxSink. */
 #ifndef KORVAL_KDX_DRIVER_API_H
 #define KORVAL_KDX_DRIVER_API_H
 
@@ -37,18 +40,18 @@ typedef struct KdxSink {
     X(int32_t, OpenPort, (int32_t port, int32_t baud))                                             \
     X(int32_t, IsPortOpen, (void))                                                                 \
     X(int32_t, ClosePort, (void))                                                                  \
-    X(int32_t, SendToPort, (char* buffer))                                                         \
-    X(char*, ReadFromPort, (void))                                                                 \
-    X(char*, ReadAndThenClearFromPort, (void))                                                     \
+    X(int32_t, SendToPort, (const char* buffer, int32_t length))                                   \
+    X(char*, ReadFromPort, (int32_t * length))                                                     \
+    X(char*, ReadAndThenClearFromPort, (int32_t * length))                                         \
     X(int32_t, CountCharsAtPort, (void))                                                           \
-    X(int32_t, SearchForChars, (char* buffer))                                                     \
+    X(int32_t, SearchForChars, (const char* buffer, int32_t length))                               \
     X(int32_t, CleanTerminal, (void))                                                              \
     X(int32_t, ClearTerminal, (void))                                                              \
-    X(char*, GetTerminal, (void))                                                                  \
+    X(char*, GetTerminal, (int32_t * length))                                                      \
     X(int32_t, ClearPort, (void))                                                                  \
-    X(int32_t, RemoveFromPort, (char* buffer))                                                     \
-    X(char*, VerifyControlStatus, (void))                                                          \
-    X(char*, StateCheck, (char* buffer))                                                           \
+    X(int32_t, RemoveFromPort, (const char* buffer, int32_t length))                               \
+    X(char*, VerifyControlStatus, (int32_t * length))                                              \
+    X(char*, StateCheck, (const char* buffer, int32_t length, int32_t* resultLength))              \
     X(int32_t, FunctionEscapeTrue, (void))                                                         \
     X(int32_t, FunctionEscapeFalse, (void))                                                        \
     X(int32_t, AreAllFunctionsEnabled, (void))                                                     \
@@ -56,8 +59,8 @@ typedef struct KdxSink {
     X(int32_t, Offline, (void))                                                                    \
     X(int32_t, KillKdxProgram, (void))                                                             \
     X(int32_t, StopKdxProgram, (void))                                                             \
-    X(char*, GetMotorPosition, (int32_t motor))                                                    \
-    X(int32_t, WaitForChar, (char* buffer, int64_t limit))                                         \
+    X(char*, GetMotorPosition, (int32_t motor, int32_t * length))                                  \
+    X(int32_t, WaitForChar, (const char* buffer, int32_t length, int64_t limit))                   \
     X(int32_t, RunProgram, (void))                                                                 \
     X(int32_t, RunProgramAndWaitForFinish, (int64_t limit))                                        \
     X(int32_t, DetectControl, (int32_t highestPort, const KdxSink* progress))                      \
@@ -69,10 +72,10 @@ typedef struct KdxSink {
     X(int32_t, SetMotor, (int32_t motor, int32_t setting))                                         \
     X(int32_t, GetLimit, (int32_t motor))                                                          \
     X(int32_t, SetLimit, (int32_t motor, int32_t setting))                                         \
-    X(char*, GetCurrentProgramMemory, (void))                                                      \
-    X(char*, GetCurrentProgramNumber, (void))                                                      \
+    X(char*, GetCurrentProgramMemory, (int32_t * length))                                          \
+    X(char*, GetCurrentProgramNumber, (int32_t * length))                                          \
     X(int32_t, SetCurrentProgramNumber, (int32_t number))                                          \
-    X(char*, GetCurrentProgramListing, (int32_t number))                                           \
+    X(char*, GetCurrentProgramListing, (int32_t number, int32_t * length))                         \
     X(int32_t, PossibleNumOfMotors, (void))                                                        \
     X(int32_t, ActualNumOfMotors, (void))                                                          \
     X(void, JogNegative, (int32_t motor, int32_t speed, const KdxSink* target))                    \

@@ -60,6 +60,9 @@ bool LoadLibraries(const LibraryStage& driver, const LibraryStage& commands,
     }
     std::error_code ec;
     if (!std::filesystem::exists(paths.settingsFile, ec)) {
+        // Only the user's own settings folder can be missing here: the program's Config folder
+        // comes with the installation and is used only when it is there.
+        ClsFileFolder::MakeFolder(paths.config);
         ClsReadWriteFile file;
         file.CreateOutputFile(paths.settingsFile);
         file.CloseOutputFile();

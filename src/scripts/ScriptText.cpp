@@ -78,6 +78,11 @@ std::string ScriptFileProblem(const std::optional<std::string>& bytes, const std
     if (bytes->find_first_not_of(" \t\r\n") == std::string::npos) {
         return "The file " + path + " holds no commands.";
     }
+    if (const auto nul = bytes->find('\0'); nul != std::string::npos) {
+        // Text would stop there on its way to the controller: refuse it whole instead.
+        return "The file " + path + " holds a NUL byte (at byte " + std::to_string(nul + 1) +
+               "), so it is not a text script. It was not opened.";
+    }
     if (bytes->size() > LargestScript) {
         return "The file " + path + " is " + std::to_string(bytes->size() / 1024) +
                " KB: far more than a controller program can hold. It was not opened.";

@@ -34,20 +34,10 @@ void KdxFraming::say(const std::string& text) {
     }
 }
 
-void KdxFraming::reply(const std::string& text, bool priv) {
-    say(priv ? "{" + text + "}" : text);
-}
-
-void KdxFraming::replyNothing(bool priv) {
-    if (priv) {
-        reply("", true);
-    }
-}
-
 void KdxFraming::powerUp(bool echo) {
     echo_ = echo;
     buf_.clear();
-    priv_ = skipping_ = inComment_ = false;
+    skipping_ = inComment_ = false;
 }
 
 bool KdxFraming::continues(char c) const {
@@ -75,12 +65,9 @@ bool KdxFraming::continues(char c) const {
 }
 
 void KdxFraming::handleChar(char c, const std::function<void(const Item&)>& deliver) {
-    // A private item is never echoed, nor the separator that closes it; "E" echoes itself as
-    // it turns echo on.
+    // "E" echoes itself as it turns echo on.
     const bool separator = c == ',' || c == '\r';
-    const bool privateByte = priv_ || c == '#' || (separator && privTail_);
-    privTail_ = false;
-    if ((echo_ || (c == 'E' && buf_.empty())) && !privateByte) {
+    if (echo_ || (c == 'E' && buf_.empty())) {
         say(std::string(1, c));
     }
     if (inComment_) {
@@ -107,18 +94,9 @@ void KdxFraming::handleChar(char c, const std::function<void(const Item&)>& deli
     if (!buf_.empty() && !continues(c)) {
         finishItem(deliver);
     }
-    if (buf_.empty()) {
-        if (c == '#') {
-            priv_ = true;
-            return;
-        }
-        if (Immediate.find(c) != std::string_view::npos) {
-            const bool priv = priv_;
-            priv_ = false;
-            privTail_ = priv;
-            deliver(Item{std::string(1, c), true, priv});
-            return;
-        }
+    if (buf_.empty() && Immediate.find(c) != std::string_view::npos) {
+        deliver(Item{std::string(1, c), true});
+        return;
     }
     buf_ += c;
     if (buf_.size() > MaxItem) {
@@ -136,12 +114,10 @@ void KdxFraming::finishItem(const std::function<void(const Item&)>& deliver) {
     if (!skipping_ && !buf_.empty()) {
         const std::string text = buf_;
         buf_.clear();
-        privTail_ = priv_;
-        deliver(Item{text, false, priv_});
+        deliver(Item{text, false});
     }
     buf_.clear();
     skipping_ = false;
-    priv_ = false;
 }
 
 } // namespace korval::sim

@@ -1,7 +1,6 @@
 #pragma once
 // The controller's two byte streams. In: echo, comments, the cutting of text into items and
-// immediate commands, and "#" for a private exchange. Out: the transmit buffer and the braces
-// that frame a private answer.
+// immediate commands. Out: the transmit buffer.
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -17,7 +16,6 @@ public:
     struct Item {
         std::string text;
         bool immediate = false; // one character that acts at once, with no separator
-        bool priv = false;      // sent after "#": answered in braces, never echoed
     };
 
     explicit KdxFraming(bool echo) : echo_(echo) {}
@@ -28,9 +26,6 @@ public:
     bool hasOutput() const { return !out_.empty(); }
 
     void say(const std::string& text);
-    void reply(const std::string& text, bool priv);
-    // A private item is always answered, if only by an empty frame.
-    void replyNothing(bool priv);
 
     bool echo() const { return echo_; }
     void setEcho(bool echo) { echo_ = echo; }
@@ -46,8 +41,6 @@ private:
 
     std::string buf_;
     bool skipping_ = false;
-    bool priv_ = false;
-    bool privTail_ = false; // the last item was private: its separator is not echoed
     bool inComment_ = false;
     std::string out_;
     bool echo_;

@@ -15,6 +15,11 @@ std::string line(long v) {
     return std::to_string(v) + "\r";
 }
 
+// The words the driver adds to the language for its own needs.
+bool driverWord(const std::string& text) {
+    return text == "V" || text == "D" || text == "N" || text[0] == 'X' || text[0] == 'H';
+}
+
 // The settings kept for each axis, by the word that reads or sets them.
 struct PerAxis {
     const char* get;
@@ -54,10 +59,13 @@ KdxLanguage::KdxLanguage(const SimOptions& options, const BenchInputs& bench,
       motion_(motion), runner_(runner) {}
 
 void KdxLanguage::hear(const KdxFraming::Item& heard) {
+    if (options_.languageOnly && driverWord(heard.text)) {
+        return;
+    }
     if (heard.immediate) {
-        immediate(heard.text[0], heard.priv);
+        immediate(heard.text[0]);
     } else {
-        item(heard.text, heard.priv);
+        item(heard.text);
     }
 }
 
@@ -74,30 +82,29 @@ std::string KdxLanguage::statusCode() const {
     return online_ ? "R" : "J";
 }
 
-bool KdxLanguage::refuseAxis(int axis, bool priv) {
+bool KdxLanguage::refuseAxis(int axis) {
     if (axis < 1 || axis > 4) {
         runner_.raise(SimFault::InvalidMotor);
-        out_.replyNothing(priv);
         return true;
     }
     switch (StateOfAxis(options_, axis)) {
     case AxisState::Present:
         return false;
     case AxisState::OneMotor:
-        out_.reply("J", priv);
+        out_.say("J");
         return true;
     case AxisState::NoController:
-        out_.reply(FaultStatusCode(SimFault::Bus), priv);
+        out_.say(FaultStatusCode(SimFault::Bus));
         return true;
     case AxisState::Silent:
         break;
     }
-    return true; // silent: not even a frame
+    return true; // silent: no answer at all
 }
 
 // ---- immediate commands ------------------------------------------------------------------
 
-void KdxLanguage::immediate(char c, bool priv) {
+void KdxLanguage::immediate(char c) {
     std::string answer;
     switch (c) {
     case 'C':
@@ -160,38 +167,32 @@ void KdxLanguage::immediate(char c, bool priv) {
     default:
         break;
     }
-    if (priv || !answer.empty()) {
-        out_.reply(answer, priv);
-    }
+    out_.say(answer);
 }
 
 // ---- items --------------------------------------------------------------------------------
 
-void KdxLanguage::item(const std::string& text, bool priv) {
+void KdxLanguage::item(const std::string& text) {
     long v = 0;
     if (text == "rsm") {
         settings_.save();
-        out_.reply("^", priv);
+        out_.say("^");
         return;
     }
-    if (query(text, priv)) {
+    if (query(text)) {
         return;
     }
     if (text.size() == 3 && text.compare(0, 2, "PM") == 0 && ReadNumber(text.substr(2), 0, 4, v)) {
         programs_.select(static_cast<int>(v));
-        out_.replyNothing(priv);
         return;
     }
     if (text.size() == 4 && text.compare(0, 3, "PM-") == 0 && ReadNumber(text.substr(3), 0, 4, v)) {
         programs_.select(static_cast<int>(v));
         programs_.clear();
-        out_.replyNothing(priv);
         return;
     }
     if (text.compare(0, 3, "set") == 0) {
-        if (!setting(text, priv)) {
-            out_.replyNothing(priv);
-        }
+        setting(text);
         return;
     }
     if (text[0] == 'H') {
@@ -199,33 +200,32 @@ void KdxLanguage::item(const std::string& text, bool priv) {
     } else {
         programItem(text);
     }
-    out_.replyNothing(priv);
 }
 
-bool KdxLanguage::query(const std::string& text, bool priv) {
+bool KdxLanguage::query(const std::string& text) {
     long v = 0;
     if (text == "lst") {
-        out_.reply(programs_.listing(), priv);
+        out_.say(programs_.listing());
     } else if (text == "PM" || text == "PMA") {
         // The associate of a program is the one an input jump would return to; none is kept
         // apart from the program itself.
-        out_.reply(line(programs_.current()), priv);
+        out_.say(line(programs_.current()));
     } else if (text == "N") {
-        out_.reply(line(programs_.freeMemory(programs_.current())), priv);
+        out_.say(line(programs_.freeMemory(programs_.current())));
     } else if (text.size() >= 2 && text[0] == 'X' && ReadNumber(text.substr(1), 0, 99, v)) {
-        if (!refuseAxis(static_cast<int>(v), priv)) {
-            out_.reply(line(motion_.position(static_cast<int>(v))), priv);
+        if (!refuseAxis(static_cast<int>(v))) {
+            out_.say(line(motion_.position(static_cast<int>(v))));
         }
     } else if (text == "getD0") {
-        out_.reply(options_.firmware + "\r", priv);
+        out_.say(options_.firmware + "\r");
     } else if (text == "getD1") {
-        out_.reply(options_.date + "\r", priv);
+        out_.say(options_.date + "\r");
     } else if (text == "getD2") {
-        out_.reply(line(options_.mode), priv);
+        out_.say(line(options_.mode));
     } else {
         for (const auto& w : WordSettings) {
             if (text == w.get) {
-                out_.reply(line(settings_.live.*w.field), priv);
+                out_.say(line(settings_.live.*w.field));
                 return true;
             }
         }
@@ -233,8 +233,8 @@ bool KdxLanguage::query(const std::string& text, bool priv) {
         std::string arg;
         for (const auto& s : PerAxisSettings) {
             if (ReadMotorItem(text, s.get, motor, arg) && arg.empty()) {
-                if (!refuseAxis(motor, priv)) {
-                    out_.reply(line((settings_.live.*s.field)[motor - 1]), priv);
+                if (!refuseAxis(motor)) {
+                    out_.say(line((settings_.live.*s.field)[motor - 1]));
                 }
                 return true;
             }
@@ -244,36 +244,33 @@ bool KdxLanguage::query(const std::string& text, bool priv) {
     return true;
 }
 
-bool KdxLanguage::setting(const std::string& text, bool priv) {
+void KdxLanguage::setting(const std::string& text) {
     long v = 0;
     for (const auto& w : WordSettings) {
         const std::string_view word = w.set;
         if (text.compare(0, word.size(), word) == 0 && text.size() > word.size() &&
             IsDigit(text[word.size()])) {
             if (!ReadNumber(text.substr(word.size()), 0, w.high, v)) {
-                return false;
+                return;
             }
             settings_.live.*w.field = static_cast<int>(v);
-            out_.replyNothing(priv);
-            return true;
+            return;
         }
     }
     int motor = 0;
     std::string arg;
     for (const auto& s : PerAxisSettings) {
         if (ReadMotorItem(text, s.set, motor, arg)) {
-            if (refuseAxis(motor, priv)) {
-                return true;
+            if (refuseAxis(motor)) {
+                return;
             }
             if (!ReadSignedNumber(arg, s.low, s.high, v)) {
-                return false;
+                return;
             }
             (settings_.live.*s.field)[motor - 1] = v;
-            out_.replyNothing(priv);
-            return true;
+            return;
         }
     }
-    return false;
 }
 
 void KdxLanguage::jog(const std::string& text) {
@@ -307,7 +304,7 @@ void KdxLanguage::programItem(const std::string& text) {
     ProgramCommand cmd;
     switch (ReadProgramCommand(text, cmd)) {
     case CommandReading::Valid:
-        if (cmd.motor == 0 || !refuseAxis(cmd.motor, false)) {
+        if (cmd.motor == 0 || !refuseAxis(cmd.motor)) {
             store(cmd);
         }
         break;

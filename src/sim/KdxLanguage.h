@@ -24,16 +24,16 @@ public:
     void powerUp() { online_ = true; }
 
 private:
-    void immediate(char c, bool priv);
-    void item(const std::string& text, bool priv);
+    void immediate(char c);
+    void item(const std::string& text);
     // Items that answer at once; false when the text is none of them.
-    bool query(const std::string& text, bool priv);
-    // Returns true when the item was a setting it could act on (a refusal has answered already).
-    bool setting(const std::string& text, bool priv);
+    bool query(const std::string& text);
+    // An unknown setting, or one out of range, is dropped; a refused axis answers as a query would.
+    void setting(const std::string& text);
     void jog(const std::string& text);
     void programItem(const std::string& text);
     void store(const ProgramCommand& cmd);
-    bool refuseAxis(int axis, bool priv); // true when the axis cannot take the item
+    bool refuseAxis(int axis); // true when the axis cannot take the item
 
     const SimOptions& options_;
     const BenchInputs& bench_;

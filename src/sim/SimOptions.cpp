@@ -113,6 +113,8 @@ bool ParseSimOptions(const std::string& text, SimOptions& options, std::string& 
             o.overTravel = static_cast<int>(n);
         } else if (key == "analog" && toLong(value, 0, 255, n)) {
             o.analog = static_cast<int>(n);
+        } else if (key == "language-only" && (value == "on" || value == "off")) {
+            o.languageOnly = value == "on";
         } else {
             good = false;
         }

@@ -18,6 +18,9 @@ struct SimOptions {
     long travel = 20000;       // steps from the starting place to each limit switch
     int overTravel = 0;        // the value "O," reads
     int analog = 128;          // analog input at power-up, 0..255
+    // Answers its command language alone: the words the driver adds for its own needs (V, X, N,
+    // D and H) are unknown to it, as to a controller built from the language's description.
+    bool languageOnly = false;
 };
 
 // Parses the option text; on a fault returns false and says why in `error`. Unnamed keys keep
@@ -33,7 +36,7 @@ enum class AxisState {
     Present,
     OneMotor,     // its controller drives one motor: "J"
     NoController, // the chain has no controller for it: "ËB"
-    Silent,       // no answer, not even a frame
+    Silent,       // no answer at all
 };
 AxisState StateOfAxis(const SimOptions& options, int axis);
 

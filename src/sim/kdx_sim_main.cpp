@@ -37,6 +37,8 @@ void usage() {
         "  --travel N            steps from the start to each limit switch (default 20000)\n"
         "  --overtravel N        the value \"O,\" reads (default 0)\n"
         "  --analog N            analog input at power-up, 0-255 (default 128)\n"
+        "  --language-only on|off  answer the command language alone, not the driver's own\n"
+        "                        words V, X, N, D, H (default off)\n"
         "  --options=TEXT        the same as key=value,key=value (e.g. "
         "arrangement=2+2,baud=19200)\n"
         "  --help                this text\n"

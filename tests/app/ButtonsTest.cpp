@@ -1,4 +1,5 @@
 #include "AppFixture.h"
+#include "support/FakeText.h"
 
 #include "core/ClsReadWriteFile.h"
 #include "core/ui/MdiKorval.h"
@@ -60,14 +61,14 @@ KdxDriverTable recordingTable() {
         return std::int32_t{1};
     };
     t.IsPortOpen = [] { return std::int32_t{0}; };
-    t.VerifyControlStatus = [] { return strdup("ONLINEREADY"); };
-    t.GetCurrentProgramMemory = [] {
+    t.VerifyControlStatus = [](std::int32_t* n) { return FakeText("ONLINEREADY", n); };
+    t.GetCurrentProgramMemory = [](std::int32_t* n) {
         log("GetCurrentProgramMemory");
-        return strdup(rec.memory.c_str());
+        return FakeText(rec.memory, n);
     };
-    t.GetCurrentProgramNumber = [] {
+    t.GetCurrentProgramNumber = [](std::int32_t* n) {
         log("GetCurrentProgramNumber");
-        return strdup("PM2\r\n");
+        return FakeText("PM2\r\n", n);
     };
     t.RunProgram = [] {
         log("RunProgram");

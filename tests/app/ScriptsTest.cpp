@@ -19,13 +19,24 @@ using namespace korval::test;
 
 namespace {
 
-// What the controller received, without the driver's own private exchanges.
-std::string publicBytes(std::string log) {
-    for (auto at = log.find('#'); at != std::string::npos; at = log.find('#', at)) {
-        const auto end = log.find_first_of(",R", at + 1);
-        log.erase(at, end == std::string::npos ? std::string::npos : end - at + 1);
+// The program's own text in the driver's traffic lines ("HH:MM:SS.mmm > text"), without the
+// driver's own items ("#") and what came back ("<").
+std::string programText(const std::string& traffic) {
+    std::string text;
+    std::size_t at = 0;
+    for (auto end = traffic.find("\r\n"); end != std::string::npos;
+         at = end + 2, end = traffic.find("\r\n", at)) {
+        const auto line = traffic.substr(at, end - at);
+        if (line.size() > 15 && line[13] == '>') {
+            text += line.substr(15);
+        }
     }
-    return log;
+    for (const auto& [shown, byte] : {std::pair{"<CR>", "\r"}, {"<LF>", "\n"}, {"<TAB>", "\t"}}) {
+        for (auto p = text.find(shown); p != std::string::npos; p = text.find(shown, p + 1)) {
+            text.replace(p, std::string(shown).size(), byte);
+        }
+    }
+    return text;
 }
 
 struct ScriptsFixture : AppFixture {
@@ -48,12 +59,24 @@ struct ScriptsFixture : AppFixture {
         AppFixture::TearDown();
         peer.reset();
     }
+    std::string traffic;
+    Mailbox::Box* trafficBox = nullptr;
     std::string sentBy(const std::function<void()>& action) {
+        if (trafficBox == nullptr) {
+            trafficBox = &app->mailbox.addBox(Mailbox::Mode::Replace,
+                                              [this](const std::string& t) { traffic += t; });
+        }
         app->delay.TimeDelay(0.05);
-        const auto before = peer->received().size();
+        traffic.clear();
+        app->kdx.SetCallbackTraffic(trafficBox->sink());
         action();
         app->delay.TimeDelay(0.3);
-        return publicBytes(peer->received().substr(before));
+        app->kdx.SetCallbackTraffic(nullptr);
+        return programText(traffic);
+    }
+    bool driverRan(const std::function<void()>& action) {
+        sentBy(action);
+        return traffic.find(" # R\r\n") != std::string::npos;
     }
     void type(const QString& text) { terminal->TxtSend()->setPlainText(text); }
 };
@@ -89,11 +112,10 @@ TEST_F(ScriptsFixture, TheReceiveBoxShowsTheTerminalTextOnTheTimer) {
     peer->send("^");
     app->delay.TimeDelay(0.4);
     EXPECT_EQ(terminal->TxtReceive()->toPlainText(), "1.22\n^");
-    app->runFlag = true; // the main window's run is under way: the terminal does not read
+    terminal->SetActive(false); // still shown, but another window is the active one
     peer->send("x");
     app->delay.TimeDelay(0.3);
-    EXPECT_EQ(terminal->TxtReceive()->toPlainText(), "1.22\n^");
-    app->runFlag = false;
+    EXPECT_EQ(terminal->TxtReceive()->toPlainText(), "1.22\n^x") << "the terminal sink shows it";
     terminal->CmdClearBuffer_Click();
     EXPECT_EQ(terminal->TxtReceive()->toPlainText(), "");
     EXPECT_EQ(app->kdx.TerminalGet(), "");
@@ -138,12 +160,10 @@ TEST_F(ScriptsFixture, TestingAScriptFollowsItsEnding) {
     editor->SetText("S1M2000,\r\nI1M400,\r\nR,");
     const auto sent = sentBy([&] { editor->PicTestScript_MouseDown(); });
     EXPECT_EQ(sent, "C,S1M2000,\r\nI1M400,\r\nR") << "the R branch: no run of its own";
-    EXPECT_EQ(peer->received().find("#R", peer->received().size() - 20), std::string::npos);
+    EXPECT_EQ(traffic.find(" # R\r\n"), std::string::npos);
 
     editor->SetText("I1M400");
-    const auto before = peer->received().size();
-    editor->PicTestScript_MouseDown();
-    EXPECT_NE(peer->received().find("#R", before), std::string::npos) << "run and wait";
+    EXPECT_TRUE(driverRan([&] { editor->PicTestScript_MouseDown(); })) << "run and wait";
 }
 
 TEST_F(ScriptsFixture, SavingIsTiedToTheOpenPortAndNamesEndInTxt) {

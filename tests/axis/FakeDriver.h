@@ -2,6 +2,7 @@
 // A driver table that records every call the axis rules make, in order, and answers from
 // fields a test sets. Calls are written the way the wire would carry them ("setM2M3").
 #include "link/ClsDriverKdx.h"
+#include "support/FakeText.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -27,16 +28,12 @@ struct FakeKdx {
 
 inline FakeKdx fake;
 
-inline char* fakeText(const std::string& text) {
-    return strdup(text.c_str());
-}
-
 inline KdxDriverTable FakeTable() {
     fake = FakeKdx{};
     KdxDriverTable t;
     t.FreeText = [](char* text) { std::free(text); };
-    t.SendToPort = [](char* text) {
-        fake.calls.push_back(std::string("send ") + text);
+    t.SendToPort = [](const char* text, std::int32_t n) {
+        fake.calls.push_back("send " + FakeArg(text, n));
         return std::int32_t{1};
     };
     t.ClearPort = [] {
@@ -73,20 +70,20 @@ inline KdxDriverTable FakeTable() {
         fake.calls.push_back("run " + std::to_string(limit));
         return std::int32_t{fake.runResult};
     };
-    t.WaitForChar = [](char* text, std::int64_t limit) {
-        fake.calls.push_back(std::string("wait ") + text + " " + std::to_string(limit));
+    t.WaitForChar = [](const char* text, std::int32_t n, std::int64_t limit) {
+        fake.calls.push_back("wait " + FakeArg(text, n) + " " + std::to_string(limit));
         return std::int32_t{fake.waitResult};
     };
-    t.GetMotorPosition = [](std::int32_t m) {
+    t.GetMotorPosition = [](std::int32_t m, std::int32_t* n) {
         fake.calls.push_back("position " + std::to_string(m));
         if (fake.positions.empty()) {
-            return fakeText("0");
+            return FakeText("0", n);
         }
         const auto text = fake.positions.front();
         fake.positions.erase(fake.positions.begin());
-        return fakeText(text);
+        return FakeText(text, n);
     };
-    t.VerifyControlStatus = [] { return fakeText(fake.status); };
+    t.VerifyControlStatus = [](std::int32_t* n) { return FakeText(fake.status, n); };
     t.PossibleNumOfMotors = [] {
         fake.calls.push_back("possible");
         return std::int32_t{fake.possible};

@@ -56,7 +56,8 @@ TEST(CliRun, ExitStatusesAndMessages) {
         {"--sim info colour", 2, "korval-cli: unknown subject colour"},
         {"--sim=arrangement=3 status", 2, "korval-cli: --sim:"},
         {"--port /nonexistent/tty status", 1, "korval-cli: cannot open port /nonexistent/tty"},
-        {"--sim=silent=1 --baud 19200 diag", 1, "korval-cli: the controller does not answer"},
+        {"--sim --baud 19200 info processor", 1,
+         "korval-cli: warning: the controller does not answer the status query"},
         {"--sim diag --output /nonexistent/folder/r", 1, "korval-cli: cannot write the report"},
     };
     for (const auto& c : cases) {
@@ -78,7 +79,9 @@ TEST(CliRun, EveryCommandWorksOnTheBuiltInController) {
     EXPECT_NE(axis.find("Axis 3:\n\nAxis 4:\n\n"), std::string::npos) << "a two-motor chain";
 }
 
-TEST(CliRun, TheReportIsTheSameOverARealPortAsBuiltIn) {
+// A controller built from the command language alone knows nothing of the driver's own words:
+// the scan still gives the whole report, byte for byte, over a real port.
+TEST(CliRun, ALanguageOnlyControllerOnARealPortGivesTheSameReport) {
     TempFolder dir;
     const auto builtIn = run(cli("--sim=arrangement=2+2 diag 2>/dev/null"));
     ASSERT_EQ(builtIn.status, 0);
@@ -89,13 +92,31 @@ TEST(CliRun, TheReportIsTheSameOverARealPortAsBuiltIn) {
     const auto device = dir.file("device");
     const auto control = dir.file("control");
     ASSERT_EQ(std::system(("mkfifo " + control).c_str()), 0);
-    const std::string sim = std::string(KDX_SIM) + " --arrangement 2+2 < " + control + " > " +
-                            device + " 2>/dev/null & exec 3>" + control + "; ";
+    const std::string sim = std::string(KDX_SIM) + " --arrangement 2+2 --language-only on < " +
+                            control + " > " + device + " 2>/dev/null & exec 3>" + control + "; ";
     const auto r = run("bash -c '" + sim + "for i in $(seq 50); do [ -s " + device +
                        " ] && break; sleep 0.1; done; " +
                        cli("--port $(head -1 " + device + ") diag --output " +
-                           dir.file("report.txt.txt") + " 2>/dev/null") +
+                           dir.file("report.txt.txt") + " 2>" + dir.file("err")) +
                        "; echo quit >&3'");
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(slurp(dir.file("report.txt")), builtIn.out) << "byte for byte";
+    const auto progress = slurp(dir.file("err"));
+    EXPECT_EQ(progress.rfind("korval-cli: warning: the controller does not answer the status", 0),
+              0u)
+        << progress;
+    EXPECT_TRUE(progress.ends_with("Scan Complete\nGenerating Report\nReport saved to " +
+                                   dir.file("report.txt") + "\n"))
+        << progress;
+}
+
+TEST(CliRun, CtrlCEndsTheScanBetweenQueriesAndWritesNothing) {
+    TempFolder dir;
+    const auto r = run("bash -c '" + cli("--sim diag --output " + dir.file("r")) + " 2>" +
+                       dir.file("err") + " & sleep 1.5; kill -INT $!; wait $!; echo $?'");
+    EXPECT_EQ(r.out, "130\n");
+    const auto err = slurp(dir.file("err"));
+    EXPECT_NE(err.find("korval-cli: interrupted during \"Scanning "), std::string::npos) << err;
+    EXPECT_TRUE(err.ends_with("\"; no report written\n")) << err;
+    EXPECT_EQ(dir.names(), std::vector<std::string>{"err"}) << "nothing half written";
 }

@@ -2,6 +2,7 @@
 // A controller behind a fake driver table: it answers canned replies keyed by the exact text
 // sent, records every call in order, and stamps each send with the virtual time.
 #include "diagnostics/ClsKdxDiagnostic.h"
+#include "support/FakeText.h"
 
 #include <gtest/gtest.h>
 
@@ -20,19 +21,17 @@ struct Controller {
     std::vector<std::pair<std::string, long>> sends; // text, milliseconds since the start
     std::string pending;
     long nowMs = 0;
+    long portLostAtMs = -1; // the port fails at that moment; -1: never
 };
 
 inline Controller controller;
 
-inline char* copyText(const std::string& text) {
-    return strdup(text.c_str());
-}
-
 inline KdxDriverTable FakeTable() {
     KdxDriverTable t;
-    t.SendToPort = [](char* text) {
+    t.SendToPort = [](const char* bytes, std::int32_t n) {
         auto& c = controller;
-        c.calls.push_back(std::string("send ") + text);
+        const auto text = FakeArg(bytes, n);
+        c.calls.push_back("send " + text);
         c.sends.emplace_back(text, c.nowMs);
         const auto found = c.replies.find(text);
         c.pending = found == c.replies.end() ? std::string() : found->second;
@@ -43,15 +42,19 @@ inline KdxDriverTable FakeTable() {
         controller.pending.clear();
         return std::int32_t{1};
     };
-    t.ReadFromPort = [] {
+    t.ReadFromPort = [](std::int32_t* n) {
         controller.calls.push_back("read");
-        return copyText(controller.pending);
+        return FakeText(controller.pending, n);
     };
-    t.ReadAndThenClearFromPort = [] {
+    t.ReadAndThenClearFromPort = [](std::int32_t* n) {
         controller.calls.push_back("read+clear");
-        auto* text = copyText(controller.pending);
+        auto* text = FakeText(controller.pending, n);
         controller.pending.clear();
         return text;
+    };
+    t.IsPortOpen = [] {
+        const auto& c = controller;
+        return std::int32_t{c.portLostAtMs < 0 || c.nowMs < c.portLostAtMs ? 1 : 0};
     };
     t.FreeText = [](char* text) { std::free(text); };
     return t;

@@ -1,5 +1,5 @@
 // The driver on a real pseudo-terminal whose far end does what faulty lines and controllers do:
-// frames split and mixed with other output, silence, floods, a hang-up.
+// answers mixed with other output, silence, floods, a hang-up.
 #include "link/ClsDriverKdx.h"
 #include "link/Mailbox.h"
 
@@ -42,32 +42,62 @@ struct LineFixture : ::testing::Test {
 
 } // namespace
 
-TEST_F(LineFixture, StatusWordsComeFromFramesEvenWhenSplitAndMixedWithOutput) {
+TEST_F(LineFixture, AStatusIsReadInPlaceAndWhatIsNotItGoesOnToTheProgram) {
     std::atomic<int> round{0};
     PtyPeer peer([&](std::string& received, speed_t) -> std::string {
-        if (received.find("#V,") == std::string::npos) {
+        const auto at = received.find("V,");
+        if (at == std::string::npos) {
             return {};
         }
-        received.clear();
+        received.erase(0, at + 2);
         switch (round++) {
         case 0:
-            return "{R}";
+            return "R";
         case 1:
-            return "12{\xCBN}34"; // the controller's own output around the frame
+            return "^\xCBN{}"; // a run ends meanwhile; then bytes that are no part of the status
         default:
             return ""; // and then silence
         }
     });
     ASSERT_TRUE(open(peer));
+    delay.TimeDelay(0.1);
     kdx.ClearPortChars();
     round = 0;
     EXPECT_EQ(kdx.VerifyStatus(), "ONLINEREADY");
     EXPECT_EQ(kdx.VerifyStatus(), "ERRORNESTEDLOOP");
     delay.TimeDelay(0.05);
-    EXPECT_EQ(kdx.ReadReplyFromPort(), "1234") << "the frame never reaches the store";
+    EXPECT_EQ(kdx.ReadReplyFromPort(), "^{}") << "every byte that is not the status arrives";
+    QCoreApplication::processEvents();
+    mailbox.drain();
+    EXPECT_NE(std::find(reports.begin(), reports.end(), "^"), reports.end()) << "reported too";
     const auto start = steady_clock::now();
     EXPECT_EQ(kdx.VerifyStatus(), "ERRORCOMMUNICATIONS");
     EXPECT_LT(steady_clock::now() - start, milliseconds(1500)) << "silence is noticed quickly";
+}
+
+// The program's query and its reply are never split by the driver's own exchanges: a status
+// poll waits until the reply has come, however its bytes look.
+TEST_F(LineFixture, ThePollerNeverTakesAByteOfTheProgramsReply) {
+    PtyPeer peer([](std::string& received, speed_t) -> std::string {
+        std::string out;
+        for (;;) {
+            const auto v = received.find("V,");
+            const auto q = received.find("?,");
+            if (v == std::string::npos && q == std::string::npos) {
+                return out;
+            }
+            received.erase(0, std::min(v, q) + 2);
+            out += "R"; // the status, or a mask that looks just like it
+        }
+    });
+    ASSERT_TRUE(open(peer));
+    for (int i = 0; i < 20; ++i) {
+        kdx.ClearPortChars();
+        kdx.SendCommandsToPort("?,");
+        delay.TimeDelay(0.1);
+        ASSERT_EQ(kdx.ReadReplyAndClearPort(), "R") << "round " << i;
+        delay.TimeDelay(0.05 * (i % 8)); // now and then long enough for a poll
+    }
 }
 
 TEST_F(LineFixture, TheEscapeReleasesABlockedWaitAtOnce) {
@@ -79,7 +109,7 @@ TEST_F(LineFixture, TheEscapeReleasesABlockedWaitAtOnce) {
         kdx.EscapeDriverFunctionTrue();
     });
     const auto start = steady_clock::now();
-    kdx.Table().WaitForChar(const_cast<char*>("^"), 0); // no limit: only the escape ends it
+    kdx.Table().WaitForChar("^", 1, 0); // no limit: only the escape ends it
     const auto released = steady_clock::now();
     EXPECT_GE(released - start, milliseconds(140));
     EXPECT_LT(released - escaped, milliseconds(200));
@@ -97,7 +127,7 @@ TEST_F(LineFixture, AProgramRunWaitsForTheCaretThatEndsIt) {
     const auto start = steady_clock::now();
     EXPECT_EQ(kdx.Table().RunProgramAndWaitForFinish(50000), 1);
     EXPECT_GE(steady_clock::now() - start, milliseconds(280));
-    EXPECT_NE(peer.received().find("#R"), std::string::npos);
+    EXPECT_NE(peer.received().find('R'), std::string::npos);
     QCoreApplication::processEvents();
     mailbox.drain();
     EXPECT_NE(std::find(reports.begin(), reports.end(), "^"), reports.end()) << "reported too";
@@ -137,4 +167,30 @@ TEST_F(LineFixture, AHangUpReadsAsNoContactAndThePortOpensAgainLater) {
     PtyPeer again(answerStatus([] { return std::string("J"); }));
     ASSERT_TRUE(open(again));
     EXPECT_EQ(kdx.VerifyStatus(), "OFFLINEREADY");
+}
+
+TEST_F(LineFixture, AReplyOfEveryByteValueIsReadBackUnchanged) {
+    std::string all;
+    for (int b = 0; b < 256; ++b) {
+        all += static_cast<char>(b);
+    }
+    PtyPeer peer([&all](std::string& received, speed_t) -> std::string {
+        const auto at = received.find("dump,");
+        if (at == std::string::npos) {
+            return {};
+        }
+        received.erase(0, at + 5);
+        return all;
+    });
+    ASSERT_TRUE(open(peer));
+    delay.TimeDelay(0.1);
+    kdx.ClearPortChars();
+    kdx.TerminalClear();
+    kdx.SendCommandsToPort("dump,");
+    delay.TimeDelay(0.3);
+    EXPECT_EQ(kdx.ReadReplyFromPort(), all);
+    EXPECT_TRUE(kdx.SearchForCharsAtPort(std::string(1, '\0') + "\x01"));
+    EXPECT_TRUE(kdx.TerminalGet().ends_with(all));
+    kdx.RemoveCharsFromPort(all.substr(0, 128));
+    EXPECT_EQ(kdx.ReadReplyAndClearPort(), all.substr(128));
 }

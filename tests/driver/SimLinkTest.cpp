@@ -1,5 +1,6 @@
 // Both libraries from the Driver folder, talking through a real pseudo-terminal to the virtual
 // controller: what the program relies on from the driver, end to end.
+#include "diagnostics/ClsKdxDiagnostic.h"
 #include "link/ClsDriverKdx.h"
 #include "link/ClsKdxCommands.h"
 #include "link/Mailbox.h"
@@ -142,6 +143,7 @@ TEST_F(SimLink, EachStatusWordAsTheControllerReportsIt) {
                   {'S', "ERRORSTOPBUTTON"}};
     for (const auto& e : errors) {
         host->withChain([&](sim::KdxChain& chain) { chain.injectError(e.code); });
+        delay.TimeDelay(0.05); // the error's own code in the stream comes first
         EXPECT_EQ(kdx.VerifyStatus(), e.word) << e.code;
         kdx.KillProgram(); // clears the error
         EXPECT_EQ(kdx.LastStatus, "ONLINEREADY") << e.code;
@@ -154,7 +156,7 @@ TEST_F(SimLink, StoringSettingsEndsWithTheCaret) {
     kdx.ClearPortChars();
     kdx.SendCommandsToPort("C,setI7,rsm");
     const auto start = steady_clock::now();
-    EXPECT_EQ(kdx.Table().WaitForChar(const_cast<char*>("^"), 10000), 1);
+    EXPECT_EQ(kdx.Table().WaitForChar("^", 1, 10000), 1);
     EXPECT_LT(steady_clock::now() - start, milliseconds(500));
     EXPECT_EQ(query("getI,"), "7\r");
 }
@@ -221,4 +223,90 @@ TEST_F(SimLink, EveryArrangementGivesItsMotorCounts) {
         kdx.PortClose();
         host.reset();
     }
+}
+
+// A mask is one byte of any value: "{", "}" and NUL reach their panels like any other, and the
+// status asked next is not disturbed by them.
+TEST_F(SimLink, MasksOfEveryByteValueReachTheirPanels) {
+    using sim::LimitSide;
+    startSim("arrangement=2+2");
+    online();
+    ClsKdxDiagnostic diagnostic(kdx, delay, [](const std::string& text, int) { return text; });
+    // The lines that say "True", in order.
+    const auto activated = [](const std::string& text) {
+        std::string lines;
+        for (std::size_t at = 0, end; (end = text.find("\r\n", at)) != std::string::npos;
+             at = end + 2) {
+            if (text.compare(end - 4, 4, "True") == 0) {
+                lines += text.substr(at, end - at - 16) + ";";
+            }
+        }
+        return lines;
+    };
+    const struct {
+        std::vector<std::pair<int, LimitSide>> held;
+        const char* value;
+        const char* active;
+    } cases[] = {
+        {{{2, LimitSide::Minus}, {4, LimitSide::Plus}}, "123", "Limit 2 -;Limit 4 +;"},
+        {{{1, LimitSide::Plus}, {4, LimitSide::Plus}}, "125", "Limit 1 +;Limit 4 +;"},
+        {{{1, LimitSide::Minus},
+          {1, LimitSide::Plus},
+          {2, LimitSide::Minus},
+          {2, LimitSide::Plus},
+          {3, LimitSide::Minus},
+          {3, LimitSide::Plus},
+          {4, LimitSide::Minus},
+          {4, LimitSide::Plus}},
+         "0",
+         "Limit 1 -;Limit 1 +;Limit 2 -;Limit 2 +;Limit 3 -;Limit 3 +;Limit 4 -;Limit 4 +;"},
+    };
+    for (const auto& c : cases) {
+        host->withChain([&](sim::KdxChain& chain) {
+            for (int axis = 1; axis <= 4; ++axis) {
+                for (const auto side : {LimitSide::Minus, LimitSide::Plus}) {
+                    chain.setLimit(axis, side, false);
+                }
+            }
+            for (const auto& [axis, side] : c.held) {
+                chain.setLimit(axis, side, true);
+            }
+        });
+        const auto text = diagnostic.GetLimitStates();
+        EXPECT_EQ(text.substr(0, text.find("\r\n")), std::string("Actual value = ") + c.value);
+        EXPECT_EQ(activated(text), c.active) << c.value;
+        EXPECT_EQ(kdx.VerifyStatus(), "ONLINEREADY") << c.value;
+    }
+
+    host->withChain([](sim::KdxChain& chain) {
+        for (int axis = 1; axis <= 2; ++axis) {
+            chain.setJogButton(axis, LimitSide::Minus, true);
+            chain.setJogButton(axis, LimitSide::Plus, true);
+        }
+        for (int input = 1; input <= 4; ++input) {
+            chain.setInput(input, true);
+        }
+    });
+    EXPECT_EQ(diagnostic.GetUserInputStates().substr(0, 18), "Actual value = 0\r\n");
+    host->withChain([](sim::KdxChain& chain) {
+        chain.setJogButton(1, LimitSide::Minus, false);
+        chain.setJogButton(1, LimitSide::Plus, false);
+        chain.setJogButton(2, LimitSide::Plus, false);
+        for (int input = 1; input <= 3; ++input) {
+            chain.setInput(input, false);
+        }
+    });
+    EXPECT_EQ(diagnostic.GetUserInputStates().substr(0, 20), "Actual value = 123\r\n");
+    kdx.SendCommandsToPort("C,U5,U15,U35,R");
+    delay.TimeDelay(0.2);
+    EXPECT_EQ(diagnostic.GetUserOutputStates(), "Actual value = 11\r\n"
+                                                "Output 1 On: True\r\n"
+                                                "Output 2 On: True\r\n"
+                                                "Output 3 On: False\r\n"
+                                                "Output 4 On: True\r\n"
+                                                "Bit 5 - Not Used\r\n"
+                                                "Bit 6 - Not Used\r\n"
+                                                "Bit 7 - Not Used\r\n"
+                                                "Bit 8 - Not Used\r\n");
+    EXPECT_EQ(kdx.VerifyStatus(), "ONLINEREADY");
 }

@@ -1,5 +1,6 @@
 #include "link/ClsDriverKdx.h"
 #include "link/ClsKdxCommands.h"
+#include "support/FakeText.h"
 
 #include <gtest/gtest.h>
 
@@ -32,10 +33,6 @@ void log(const std::string& call) {
     rec.calls.push_back(stamp + call);
 }
 
-char* dup(const std::string& s) {
-    return strdup(s.c_str());
-}
-
 KdxDriverTable fakeTable() {
     KdxDriverTable t;
     t.OpenPort = [](std::int32_t p, std::int32_t b) {
@@ -51,14 +48,15 @@ KdxDriverTable fakeTable() {
         return std::int32_t{1};
     };
     t.IsFormOpen = [] { return rec.formState; };
-    t.SearchForChars = [](char* s) { return std::int32_t{std::strcmp(s, "^") == 0 ? 1 : 7}; };
-    t.VerifyControlStatus = [] {
-        log("VerifyControlStatus");
-        return dup(rec.status);
+    t.SearchForChars = [](const char* s, std::int32_t n) {
+        return std::int32_t{FakeArg(s, n) == "^" ? 1 : 7};
     };
-    t.SendToPort = [](char* s) {
-        log(std::string("SendToPort ") + s);
-        s[0] = 'X'; // the driver may write into its buffer
+    t.VerifyControlStatus = [](std::int32_t* n) {
+        log("VerifyControlStatus");
+        return FakeText(rec.status, n);
+    };
+    t.SendToPort = [](const char* s, std::int32_t n) {
+        log("SendToPort " + FakeArg(s, n));
         return std::int32_t{1};
     };
     t.Online = [] {
@@ -81,9 +79,9 @@ KdxDriverTable fakeTable() {
         log("RunProgram");
         return std::int32_t{1};
     };
-    t.WaitForChar = [](char* c, std::int64_t limit) {
+    t.WaitForChar = [](const char* c, std::int32_t n, std::int64_t limit) {
         rec.lastLimit = limit;
-        log(std::string("WaitForChar ") + c);
+        log("WaitForChar " + FakeArg(c, n));
         return std::int32_t{1};
     };
     t.RunProgramAndWaitForFinish = [](std::int64_t limit) {
@@ -95,9 +93,9 @@ KdxDriverTable fakeTable() {
         log("ClearPort");
         return std::int32_t{1};
     };
-    t.ReadAndThenClearFromPort = [] {
+    t.ReadAndThenClearFromPort = [](std::int32_t* n) {
         log("ReadAndThenClearFromPort");
-        return dup(rec.reply);
+        return FakeText(rec.reply, n);
     };
     t.CloseListenThread = [] {
         log("CloseListenThread");

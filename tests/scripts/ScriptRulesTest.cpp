@@ -29,6 +29,8 @@ TEST(TerminalSend, TheSendingTable) {
         {"R\r\nR\r\n", "RR", {}},
         {"C,setI7,rsm\r\nQ", "C,setI7,rsmQ\r", {A::BringOffline}},
         {"C,setI7,rsm ;Go", "C,setI7,rsm ;Go\r", {A::BringOnline}},
+        {"C,I1M400,R\t,", "C,I1M400,R", {}}, // tabs go before the rewrites look
+        {"C,setI7,rsm\t\r\n", "C,setI7,rsm\r", {}},
     };
     for (const auto& c : cases) {
         const auto plan = PlanTerminalSend(c.typed);
@@ -108,6 +110,9 @@ TEST(ScriptText, FileNamesAndFileProblems) {
               "The file /x/a.txt holds no commands.");
     EXPECT_NE(ScriptFileProblem(std::string(5 * 1024 * 1024, 'C'), "/x/a.txt"), "");
     EXPECT_EQ(ScriptFileProblem(std::string("C,R"), "/x/a.txt"), "");
+    EXPECT_EQ(ScriptFileProblem(std::string("C,S1M2\0\0,R", 10), "/x/a.txt"),
+              "The file /x/a.txt holds a NUL byte (at byte 7), so it is not a text script. It "
+              "was not opened.");
     EXPECT_TRUE(HasNonAscii("C,\xE9R"));
     EXPECT_FALSE(HasNonAscii("C,R\r\n"));
 }

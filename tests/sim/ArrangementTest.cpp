@@ -9,16 +9,16 @@ using korval::sim::test::Err;
 
 namespace {
 
-// What the motor-count probe sees of axes 1..4: + a setting, - a refusal, ? no frame.
+// What the motor-count probe sees of axes 1..4: + a setting, - a refusal, ? no answer.
 std::string probe(KdxChain& chain) {
     std::string seen;
     for (int m = 1; m <= 4; ++m) {
-        const std::string reply = ask(chain, "#getM" + std::to_string(m) + "M,");
+        const std::string reply = ask(chain, "getM" + std::to_string(m) + "M,");
         if (reply.empty()) {
             seen += '?';
-        } else if (reply == "{J}" || reply == "{" + Err + "B}") {
+        } else if (reply == "J" || reply == Err + "B") {
             seen += '-';
-        } else if (reply.size() > 3 && reply.front() == '{' && reply[reply.size() - 2] == '\r') {
+        } else if (reply.size() > 1 && reply.back() == '\r') {
             seen += '+';
         } else {
             seen += '!';
@@ -84,7 +84,7 @@ TEST(SimArrangement, AbsentAxesTakeNoSettingsNoMovesAndNoJogs) {
     ask(chain, "H3M100,");
     EXPECT_EQ(ask(chain, "V"), "R");
     chain.setSilent(true);
-    EXPECT_EQ(ask(chain, "#V,getD0,"), "");
+    EXPECT_EQ(ask(chain, "V,getD0,"), "");
     chain.setSilent(false);
-    EXPECT_EQ(ask(chain, "#V,"), "{R}");
+    EXPECT_EQ(ask(chain, "V,"), "R");
 }

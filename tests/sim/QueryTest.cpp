@@ -53,7 +53,6 @@ TEST(SimQuery, OutputMaskIsSilentBeforeFirmware122) {
     KdxChain old = chainWith("firmware=1.21");
     EXPECT_EQ(ask(old, "getD0,"), "1.21\r");
     EXPECT_EQ(ask(old, "$,"), "");
-    EXPECT_EQ(ask(old, "#$,"), "{}");
 }
 
 TEST(SimQuery, ModelChoicesShowInTheirQueries) {
@@ -66,23 +65,33 @@ TEST(SimQuery, ModelChoicesShowInTheirQueries) {
     EXPECT_EQ(ask(chain, "@"), "7\r");
 }
 
-TEST(SimQuery, PrivateItemsComeBackFramedAndAreNeverEchoed) {
-    KdxChain chain;
+// The words the driver adds for its own needs answer like any query; a controller that knows
+// only its language leaves them unanswered and still answers the language.
+TEST(SimQuery, TheDriversOwnWordsAnswerPlainlyUnlessTheControllerKnowsOnlyItsLanguage) {
     struct Case {
         const char* sent;
-        std::string reply;
+        std::string reply, languageOnly;
     } cases[] = {
-        {"#V,", "{R}"},      {"#getM1M,", "{0\r}"}, {"#getM3M,", "{" + Err + "B}"},
-        {"#rsm", "{^}"},     {"#F,", "{}"},         {"#X2,", "{0\r}"},
-        {"#N,", "{256\r}"},  {"#PM,", "{0\r}"},     {"#PM3,", "{}"},
-        {"#setM1M5,", "{}"}, {"#unknown,", "{}"},   {"#getD0,#getD2,", "{1.22\r}{2\r}"},
+        {"V,", "R", ""},           {"X2,", "0\r", ""},
+        {"N,", "256\r", ""},       {"PM,", "0\r", "0\r"},
+        {"getM1M,", "0\r", "0\r"}, {"getM3M,", Err + "B", Err + "B"},
+        {"rsm", "^", "^"},         {"F,", "", ""},
+        {"setM1M5,", "", ""},
     };
+    KdxChain chain;
+    KdxChain language = chainWith("language-only=on");
     for (const auto& c : cases) {
         EXPECT_EQ(ask(chain, c.sent), c.reply) << c.sent;
+        EXPECT_EQ(ask(language, c.sent), c.languageOnly) << c.sent;
     }
     ask(chain, "E");
-    EXPECT_EQ(ask(chain, "#V,"), "{R}");
     EXPECT_EQ(ask(chain, "V"), "VR");
+    for (auto* c : {&chain, &language}) {
+        ask(*c, "H1M1000,");
+        c->advanceMs(100);
+    }
+    EXPECT_TRUE(chain.moving(1));
+    EXPECT_FALSE(language.moving(1)) << "H is unknown to it";
 }
 
 TEST(SimQuery, EchoIsOnAfterEAndOffAfterFOrG) {

@@ -106,18 +106,13 @@ private:
     std::string pending_;
 };
 
-// Answers every "#V," with `status` in a frame, and each other "#" item with an empty frame.
+// Answers every status query, "V,", with `status`; the driver's other items get no answer.
 inline PtyPeer::Responder answerStatus(std::function<std::string()> status) {
     return [status](std::string& received, speed_t) {
         std::string out;
-        for (auto at = received.find('#'); at != std::string::npos; at = received.find('#')) {
-            const auto end = received.find_first_of(",R", at + 1);
-            if (end == std::string::npos) {
-                break;
-            }
-            const auto item = received.substr(at + 1, end - at);
-            received.erase(0, end + 1);
-            out += item == "V," ? "{" + status() + "}" : std::string("{}");
+        for (auto at = received.find("V,"); at != std::string::npos; at = received.find("V,")) {
+            received.erase(0, at + 2);
+            out += status();
         }
         return out;
     };

@@ -8,6 +8,7 @@
 #include "axis/AxisSet.h"
 #include "core/ClsClassIniFile.h"
 #include "core/ClsIniFile.h"
+#include "core/Event.h"
 #include "core/ProgramFolders.h"
 #include "core/Prompts.h"
 #include "link/ClsDriverKdx.h"
@@ -43,6 +44,8 @@ public:
     // Flags of the main window's buttons, read by the terminal's timer.
     bool stopFlag = false;
     bool runFlag = false;
+    // The driver's whole terminal text, each time its sink changes; the terminal window shows it.
+    Event<const std::string&> TerminalText;
     // Above 0 while a diagnostic scan or a troubleshooter owns the line (see LineHold): the
     // terminal and the program's own pollers leave the port alone meanwhile.
     int lineHeld = 0;
@@ -52,7 +55,7 @@ public:
     QtWaitContext wait;
     ClsTimeDelay delay{wait};
     ClsDriverKdx kdx{delay};
-    ClsKdxCommands commands;
+    ClsKdxCommands commands{&wait};
     ClsIniFile iniFile;
     ClsClassIniFile classIniFile;
     Mailbox mailbox;

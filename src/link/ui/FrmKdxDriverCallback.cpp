@@ -67,6 +67,7 @@ void FrmKdxDriverCallback::TxtCallbackStatusReport_Change(const std::string& tex
 }
 
 void FrmKdxDriverCallback::TxtCallbackTerminal_Change(const std::string& text) {
+    App().TerminalText.raise(text);
     if (text.size() >= TextBoxLimit) {
         App().kdx.TerminalClean();
     }

@@ -133,12 +133,12 @@ void FrmKdxToolTerminal::Timer1_Timer() {
     }
     current_ = app.kdx.ReadReplyFromPort();
     if (current_ != previous_) {
-        showTerminal(app.kdx.TerminalGet());
+        ShowTerminal(app.kdx.TerminalGet());
     }
     previous_ = app.kdx.ReadReplyFromPort();
 }
 
-void FrmKdxToolTerminal::showTerminal(const std::string& terminal) {
+void FrmKdxToolTerminal::ShowTerminal(const std::string& terminal) {
     const auto text = display(terminal);
     if (text == shown_) {
         return;

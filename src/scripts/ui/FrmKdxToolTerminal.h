@@ -26,6 +26,8 @@ public:
     void CmdClearBuffer_Click();
     void CmdClearBufferSent_Click();
     void Timer1_Timer();
+    // The driver's terminal text, as its sink gives it.
+    void ShowTerminal(const std::string& text);
     void SetActive(bool active); // the timer runs only while the window is the active one
     void PortOpenOrClosed(const std::string& state);
 
@@ -37,7 +39,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void showTerminal(const std::string& text);
     void recall(int step);
 
     QPlainTextEdit* receive_;

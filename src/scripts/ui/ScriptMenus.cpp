@@ -91,6 +91,8 @@ void WireScriptMenus(MdiKorval& mdi) {
         terminal->SetActive(true);
     });
     mdi.SetHandler("MnuToolsScriptEditor", [editor] { editor->ShowWindow(); });
+    App().TerminalText.subscribe(
+        [terminal](const std::string& text) { terminal->ShowTerminal(text); });
     mdi.SetHandler("MnuFileOpenForEdit", [] { OpenScriptForEditing(); });
     mdi.SetHandler("MnuFileTransfer", [] { TransferScript(); });
     QObject::connect(mdi.Area(), &QMdiArea::subWindowActivated, terminal,
