@@ -55,7 +55,12 @@ std::string CliSession::openPort(const std::string& port, int baud) {
         kdx_.PortOpen(std::stoi(digits), baud);
     }
     opened_ = kdx_.IsSerialPortOpen();
-    return opened_ ? std::string() : "cannot open port " + port + " at " + std::to_string(baud);
+    if (opened_) {
+        return {};
+    }
+    const auto problem = kdx_.PortProblem();
+    return "cannot open port " + port + " at " + std::to_string(baud) +
+           (problem.empty() ? "" : ": " + problem);
 }
 
 } // namespace korval::cli

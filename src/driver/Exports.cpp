@@ -280,6 +280,10 @@ void JogPositive(int32_t motor, int32_t speed, const KdxSink* target) {
     driver().jog(motor, speed, true, target);
 }
 
+char* GetPortProblem(int32_t* length) {
+    return text(driver().portProblem(), length);
+}
+
 void FreeText(char* value) {
     std::free(value);
 }

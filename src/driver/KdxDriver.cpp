@@ -2,6 +2,8 @@
 
 #include "StatusCodes.h"
 
+#include "link/PortUser.h"
+
 #include <QCoreApplication>
 #include <QObject>
 #include <QSerialPort>
@@ -71,6 +73,23 @@ std::string visible(const std::string& bytes) {
         }
     }
     return out;
+}
+
+// Why a device would not open, in the words a user at the bench needs.
+std::string openProblem(const std::string& device, QSerialPort::SerialPortError error,
+                        const QString& detail) {
+    if (const auto users = PortUser(device); !users.empty()) {
+        return device + " is in use by " + users;
+    }
+    switch (error) {
+    case QSerialPort::DeviceNotFoundError:
+        return device + " does not exist";
+    case QSerialPort::PermissionError:
+        return device + " is in use by another program, or not yours to open (" +
+               detail.toStdString() + ")";
+    default:
+        return device + ": " + detail.toStdString();
+    }
 }
 
 } // namespace
@@ -151,9 +170,16 @@ bool KdxDriver::openPort(int port, int baud) {
         closePort(); // opening another port closes the earlier one, found or not
         port_ = port;
         baud_ = baud;
+        std::lock_guard lock(mutex_);
+        portProblem_ = "Com" + std::to_string(port) + " names no device (see the port map)";
         return false;
     }
     return openDevice(device, port, baud);
+}
+
+std::string KdxDriver::portProblem() {
+    std::lock_guard lock(mutex_);
+    return portProblem_;
 }
 
 bool KdxDriver::openDevice(const std::string& device, int port, int baud) {
@@ -161,9 +187,12 @@ bool KdxDriver::openDevice(const std::string& device, int port, int baud) {
     port_ = port;
     baud_ = baud;
     if (baud <= 0 || !startThreads()) {
+        std::lock_guard lock(mutex_);
+        portProblem_ = baud <= 0 ? "no baud rate was given" : "the driver cannot start";
         return false;
     }
     bool ok = false;
+    std::string problem;
     QMetaObject::invokeMethod(
         context_,
         [&] {
@@ -175,6 +204,7 @@ bool KdxDriver::openDevice(const std::string& device, int port, int baud) {
                  serial->setFlowControl(QSerialPort::NoFlowControl) &&
                  serial->open(QIODevice::ReadWrite);
             if (!ok) {
+                problem = openProblem(device, serial->error(), serial->errorString());
                 delete serial;
                 return;
             }
@@ -192,10 +222,13 @@ bool KdxDriver::openDevice(const std::string& device, int port, int baud) {
                              });
         },
         Qt::BlockingQueuedConnection);
-    if (ok) {
+    {
         std::lock_guard lock(mutex_);
-        lastReport_.clear();
-        open_ = true;
+        portProblem_ = problem;
+        if (ok) {
+            lastReport_.clear();
+            open_ = true;
+        }
     }
     pollWake_.notify_all();
     return ok;

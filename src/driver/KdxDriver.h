@@ -41,6 +41,8 @@ public:
     bool isOpen() const { return open_; }
     int currentPort() const { return port_; }
     int currentBaud() const { return baud_; }
+    // Why the last open failed, in words; empty after an open that worked.
+    std::string portProblem();
     // The program's text, as it stands, adding nothing; it waits while the driver holds the line.
     bool send(const std::string& bytes);
 
@@ -102,6 +104,7 @@ private:
     std::atomic<bool> open_{false};
     std::atomic<int> port_{0};
     std::atomic<int> baud_{0};
+    std::string portProblem_; // guarded by mutex_
 
     std::mutex mutex_; // guards everything below it
     std::condition_variable changed_;

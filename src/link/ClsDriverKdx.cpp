@@ -205,6 +205,10 @@ bool ClsDriverKdx::IsSerialPortOpen() {
     return open;
 }
 
+std::string ClsDriverKdx::PortProblem() {
+    return KDX_TEXT(GetPortProblem);
+}
+
 bool ClsDriverKdx::PortIsOpen() {
     return truth(KDX_CALL(IsPortOpen));
 }

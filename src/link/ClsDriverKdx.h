@@ -68,6 +68,9 @@ public:
     // Whether the port is open, without the events and the status check of IsSerialPortOpen:
     // a scan asks this after each reply to notice a line that has failed.
     bool PortIsOpen();
+    // Why the last open failed, in words ("/dev/ttyUSB0 is in use by minicom (process 812)");
+    // empty after an open that worked.
+    std::string PortProblem();
     std::int32_t PortClose();
     std::int32_t SendCommandsToPort(const std::string& commands);
     std::string ReadReplyFromPort();

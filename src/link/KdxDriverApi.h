@@ -82,7 +82,8 @@ typedef struct KdxSink {
     X(void, JogPositive, (int32_t motor, int32_t speed, const KdxSink* target))                    \
     X(void, FreeText, (char* text))                                                                \
     X(int32_t, OpenPortByName, (const char* device, int32_t baud))                                 \
-    X(void, SetTrafficCallback, (const KdxSink* sink))
+    X(void, SetTrafficCallback, (const KdxSink* sink))                                             \
+    X(char*, GetPortProblem, (int32_t * length))
 
 /* Time limits of WaitForChar and RunProgramAndWaitForFinish: seconds in fixed point with four
  * implied decimals (10000 is one second); 0 means no limit. */

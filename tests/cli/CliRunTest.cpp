@@ -120,3 +120,20 @@ TEST(CliRun, CtrlCEndsTheScanBetweenQueriesAndWritesNothing) {
     EXPECT_TRUE(err.ends_with("\"; no report written\n")) << err;
     EXPECT_EQ(dir.names(), std::vector<std::string>{"err"}) << "nothing half written";
 }
+
+TEST(CliRun, ABusyPortSaysWhoHoldsIt) {
+    TempFolder dir;
+    const auto device = dir.file("device");
+    const auto control = dir.file("control");
+    ASSERT_EQ(std::system(("mkfifo " + control).c_str()), 0);
+    const std::string sim = std::string(KDX_SIM) + " < " + control + " > " + device +
+                            " 2>/dev/null & exec 3>" + control + "; ";
+    const std::string line = "$(head -1 " + device + ")";
+    const auto r = run("bash -c '" + sim + "for i in $(seq 50); do [ -s " + device +
+                       " ] && break; sleep 0.1; done; " + cli("--port " + line + " diag") +
+                       " >/dev/null 2>&1 & sleep 1; " + cli("--port " + line + " status") +
+                       " 2>&1; kill -INT $!; wait $!; echo quit >&3'");
+    EXPECT_EQ(r.out.rfind("korval-cli: cannot open port /dev/pts/", 0), 0u) << r.out;
+    EXPECT_NE(r.out.find(" is in use by "), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("korval-cli (process "), std::string::npos) << r.out;
+}
