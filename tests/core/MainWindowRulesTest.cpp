@@ -1,10 +1,14 @@
 #include "core/MainWindowRules.h"
 #include "core/AdminSettings.h"
 #include "core/ClsFormControl.h"
+#include "core/HelpDocuments.h"
 #include "core/MenuTree.h"
+#include "core/WindowPlacement.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <set>
 
 using namespace korval;
@@ -81,4 +85,69 @@ TEST(TextBoxKeyPress, KeysApplyAtTheCaretOrOverTheSelection) {
         EXPECT_EQ(after.text, c.text) << c.before.text << " key " << c.key;
         EXPECT_EQ(after.selStart, c.caret) << c.before.text << " key " << c.key;
     }
+}
+
+TEST(HelpDocuments, TheDocumentItselfWhenThereElseItsAlternativeElseNothing) {
+    TempFolder program;
+    const auto put = [&](const std::string& name) {
+        std::filesystem::create_directories(
+            std::filesystem::path(program.file(name)).parent_path());
+        std::ofstream(program.file(name)) << "x";
+    };
+    const auto find = [&](const char* menu) {
+        for (const auto& d : HelpDocuments()) {
+            if (std::string_view(d.menu) == menu) {
+                return PresentHelpFile(d, program.path() + "/");
+            }
+        }
+        return std::string("(no entry)");
+    };
+    EXPECT_EQ(find("MnuHelpKdxManual"), "") << "neither file: the dialogue";
+    put("Documentation/KDX Users Manual/kdx_user_manl.html");
+    EXPECT_EQ(find("MnuHelpKdxManual"),
+              program.file("Documentation/KDX Users Manual/kdx_user_manl.html"));
+    put("Documentation/KDX Users Manual/kdx_user_manl.pdf");
+    EXPECT_EQ(find("MnuHelpKdxManual"),
+              program.file("Documentation/KDX Users Manual/kdx_user_manl.pdf"))
+        << "the PDF first";
+    std::filesystem::create_directories(
+        program.file("Documentation/Cable Connections/Cable Connections.pdf"));
+    EXPECT_EQ(find("MnuHelpCableConnections"), "") << "a folder of that name is no document";
+    put("Documentation/KORVAL Users Manual/AutoReverse.html");
+    EXPECT_EQ(find("MnuHelpAutoRevInstr"),
+              program.file("Documentation/KORVAL Users Manual/AutoReverse.html"));
+    EXPECT_EQ(find("MnuHelpKorvalManual"), "") << "no alternative for the table of contents";
+}
+
+TEST(WindowPlacement, AWindowOpensWhereItWasUnlessAnotherStandsThere) {
+    const WindowSpot room{400, 300};
+    const struct {
+        WindowSpot own;
+        std::vector<WindowSpot> open;
+        WindowSpot opens;
+    } cases[] = {
+        {{120, 80}, {}, {120, 80}},                  // its last place
+        {{120, 80}, {{0, 0}, {200, 80}}, {120, 80}}, // beside others
+        {{0, 0}, {{0, 0}}, {30, 30}},                // first use: the next step
+        {{0, 0}, {{5, 8}, {30, 30}}, {60, 60}},      // nearly on top counts as on top
+        {{0, 0},
+         {{0, 0},
+          {30, 30},
+          {60, 60},
+          {90, 90},
+          {120, 120},
+          {150, 150},
+          {180, 180},
+          {210, 210},
+          {240, 240},
+          {270, 270},
+          {300, 300}},
+         {90, 0}},                      // the diagonal full: a new one, right
+        {{50, 50}, {{50, 50}}, {0, 0}}, // the cascade's first step was free
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(OpenSpot(c.own, c.open, room, 30), c.opens) << c.own.x << "," << c.own.y;
+    }
+    // A room smaller than a step: every window at the corner, and never outside the area.
+    EXPECT_EQ(OpenSpot({0, 0}, {{0, 0}}, {-10, -10}, 30), (WindowSpot{0, 0}));
 }
