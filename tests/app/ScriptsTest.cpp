@@ -12,7 +12,9 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 
 using namespace korval;
 using namespace korval::test;
@@ -55,29 +57,96 @@ struct ScriptsFixture : AppFixture {
         app->delay.TimeDelay(0.3);
         return publicBytes(peer->received().substr(before));
     }
-    void type(const QString& text) { terminal->TxtSend()->setPlainText(text); }
+    void type(const char* text) { terminal->TxtSend()->setPlainText(text); }
 };
 
 } // namespace
 
+const struct {
+    const char* typed;
+    const char* arrives;
+} SendingTable[] = {
+    {"R,", "R"},
+    {"C,S1M2000,I1M400,R\n", "C,S1M2000,I1M400,R"},
+    {"getD0,", "getD0,\r"},
+    {"setI7", "setI7\r"},
+    {"C,\tsetI7,\nrsm\n", "C,setI7,\r\nrsm\r"}, // no capital R: a CR goes behind
+    {"Q", "Q\r"},
+    {"F,", "QF,\r"}, // BringOnline sends its Q first
+};
+
 TEST_F(ScriptsFixture, TheTerminalSendsByTheRulesByteForByte) {
-    const struct {
-        QString typed;
-        std::string arrives;
-    } cases[] = {
-        {"R,", "R"},
-        {"C,S1M2000,I1M400,R\n", "C,S1M2000,I1M400,R"},
-        {"getD0,", "getD0,\r"},
-        {"setI7", "setI7\r"},
-        {"C,\tsetI7,\nrsm\n", "C,setI7,\r\nrsm\r"}, // no capital R: a CR goes behind
-        {"Q", "Q\r"},
-    };
-    for (const auto& c : cases) {
+    for (const auto& c : SendingTable) {
         type(c.typed);
-        EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed.toStdString();
+        EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed;
     }
-    type("F,");
-    EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), "QF,\r") << "BringOnline sends its Q";
+}
+
+TEST_F(ScriptsFixture, EveryTerminalOptionOnLeavesTheSentBytesAsTheyWere) {
+    terminal->TxtLogFile()->setText(QString::fromStdString(folder.file("session.txt")));
+    for (auto* option :
+         {terminal->ChkShowSent(), terminal->ChkTimeStamps(), terminal->ChkShowCodes(),
+          terminal->ChkLogSession(), terminal->ChkCtrlEnterSends()}) {
+        option->setChecked(true);
+    }
+    ASSERT_TRUE(terminal->ChkLogSession()->isChecked()) << "the log file opened";
+    terminal->ShowWindow();
+    terminal->SetActive(true);
+    const auto key = [&](Qt::KeyboardModifiers modifiers) {
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, modifiers);
+        QCoreApplication::sendEvent(terminal->TxtSend(), &enter);
+    };
+    for (const auto& c : SendingTable) {
+        type(c.typed);
+        EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed;
+        EXPECT_EQ(sentBy([&] { key(Qt::ControlModifier); }), c.arrives) << "Ctrl+Enter " << c.typed;
+    }
+    type("getD0,");
+    terminal->TxtSend()->moveCursor(QTextCursor::End);
+    EXPECT_EQ(sentBy([&] { key(Qt::NoModifier); }), "") << "Enter alone sends nothing";
+    EXPECT_EQ(terminal->TxtSend()->toPlainText(), "getD0,\n") << "it adds a line";
+}
+
+TEST_F(ScriptsFixture, TheTranscriptMarksTheSentTextTimesEachLineAndIsLogged) {
+    terminal->TxtLogFile()->setText(QString::fromStdString(folder.file("session.txt")));
+    terminal->ChkLogSession()->setChecked(true);
+    terminal->ChkShowSent()->setChecked(true);
+    terminal->ChkTimeStamps()->setChecked(true);
+    terminal->ShowWindow();
+    terminal->SetActive(true);
+    peer->send("KDX\r");
+    app->delay.TimeDelay(0.4);
+    type("getD0,");
+    terminal->CmdSend_Click();
+    peer->send("1.22\r\xCB"
+               "B");
+    app->delay.TimeDelay(0.4);
+    const QString time = R"(\d\d:\d\d:\d\d\.\d\d\d )";
+    const QStringList expected = {time + "< KDX", time + "> getD0,", time + "< 1\\.22",
+                                  time + "< \u00CBB"};
+    const auto lines = terminal->TxtReceive()->toPlainText().split('\n');
+    ASSERT_EQ(lines.size(), expected.size()) << terminal->TxtReceive()->toPlainText().toStdString();
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        EXPECT_TRUE(QRegularExpression("^" + expected[i] + "$").match(lines[i]).hasMatch())
+            << lines[i].toStdString();
+    }
+    terminal->ChkShowCodes()->setChecked(true);
+    EXPECT_TRUE(terminal->TxtReceive()->toPlainText().endsWith("< 1.22<CR>\n" + lines[3].left(13) +
+                                                               "< <CB>B"));
+    terminal->ChkLogSession()->setChecked(false);
+    const auto log = readWholeFile(folder.file("session.txt")).value_or("");
+    for (const char* line :
+         {"< KDX<CR>\r\n", "> getD0,<CR>\r\n", "< 1.22<CR>\r\n", "< <CB>B\r\n"}) {
+        EXPECT_NE(log.find(line), std::string::npos) << line << " in " << log;
+    }
+
+    stop(); // the options are kept in the settings file
+    ASSERT_TRUE(start());
+    terminal = app->Form<FrmKdxToolTerminal>("FrmKdxToolTerminal");
+    EXPECT_TRUE(terminal->ChkShowSent()->isChecked());
+    EXPECT_TRUE(terminal->ChkShowCodes()->isChecked());
+    EXPECT_FALSE(terminal->ChkLogSession()->isChecked());
+    EXPECT_EQ(terminal->TxtLogFile()->text().toStdString(), folder.file("session.txt"));
 }
 
 TEST_F(ScriptsFixture, TheReceiveBoxShowsTheTerminalTextOnTheTimer) {
