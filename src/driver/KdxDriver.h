@@ -83,6 +83,7 @@ private:
     KdxDriver();
     void onBytes(const std::string& bytes);
     void onPortLost();
+    void reportPortLost();
     void writeSink(SinkRole role, const std::string& text);
     void traffic(char direction, const std::string& bytes);
     void pollLoop();
