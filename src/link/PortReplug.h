@@ -24,6 +24,7 @@ public:
     void Closed();
     // The driver reported the open port's device gone. True when a wait begins.
     bool Lost();
+    bool IsOpen() const { return open_; }
     bool Waiting() const { return waiting_; }
     const OpenedPort& Port() const { return port_; }
 

@@ -18,17 +18,20 @@ bool lineEnd(char c) {
 
 } // namespace
 
-TerminalTranscript::TerminalTranscript(std::size_t lineLimit)
-    : lineLimit_(std::max<std::size_t>(lineLimit, 10)) {}
+TerminalTranscript::TerminalTranscript(std::size_t byteLimit, std::size_t lineLimit)
+    : byteLimit_(std::max<std::size_t>(byteLimit, 1)),
+      lineLimit_(std::max<std::size_t>(lineLimit, 1)) {}
 
 void TerminalTranscript::Observe(const std::string& terminal, const std::string& time) {
     const auto fresh = NewTerminalBytes(seen_, terminal);
     seen_ = terminal;
     add(Direction::Received, fresh, time, false);
+    keepWithinLimit();
 }
 
 void TerminalTranscript::Sent(std::string_view bytes, const std::string& time) {
     add(Direction::Sent, bytes, time, true);
+    keepWithinLimit();
 }
 
 void TerminalTranscript::Finish() {
@@ -43,6 +46,7 @@ void TerminalTranscript::Finish() {
 void TerminalTranscript::Clear() {
     Finish();
     lines_.clear();
+    bytes_ = 0;
     seen_.clear();
     lastDone_ = false;
 }
@@ -51,10 +55,17 @@ void TerminalTranscript::begin(Direction direction, const std::string& time) {
     Finish();
     lastDone_ = false;
     lines_.push_back({direction, time, {}, false});
-    if (lines_.size() > lineLimit_) {
-        // A tenth at a time, so that the window redraws the whole text only now and then.
-        lines_.erase(lines_.begin(),
-                     lines_.begin() + static_cast<std::ptrdiff_t>(lineLimit_ / 10 + 1));
+}
+
+void TerminalTranscript::keepWithinLimit() {
+    if (bytes_ <= byteLimit_) {
+        return;
+    }
+    // Down to nine tenths, so that the window redraws the whole text only now and then. The
+    // last line stays, however long: it may still grow.
+    while (bytes_ > byteLimit_ / 10 * 9 && lines_.size() > 1) {
+        bytes_ -= lines_.front().bytes.size();
+        lines_.pop_front();
     }
 }
 
@@ -65,14 +76,17 @@ void TerminalTranscript::add(Direction direction, std::string_view bytes, const 
         if (!newLine && last != nullptr && last->direction == direction && last->complete &&
             c == '\n' && last->bytes.back() == '\r') {
             last->bytes += c; // CR LF ends one line, even when the two come apart
+            ++bytes_;
             continue;
         }
-        if (newLine || last == nullptr || last->complete || last->direction != direction) {
+        if (newLine || last == nullptr || last->complete || last->direction != direction ||
+            last->bytes.size() >= lineLimit_) {
             begin(direction, time);
             newLine = false;
         }
         lines_.back().bytes += c;
         lines_.back().complete = lineEnd(c);
+        ++bytes_;
     }
 }
 

@@ -33,7 +33,9 @@ public:
     // Called once for each line that can grow no more: the next has begun, or Finish came.
     using LineDone = std::function<void(const TranscriptLine&)>;
 
-    explicit TerminalTranscript(std::size_t lineLimit = 4000);
+    // The transcript keeps the newest `byteLimit` bytes or so; a line that runs on without an
+    // end is cut into pieces of `lineLimit` bytes, each with its own time.
+    explicit TerminalTranscript(std::size_t byteLimit = 2 * 65535, std::size_t lineLimit = 1024);
     void OnLineDone(LineDone done) { done_ = std::move(done); }
 
     // The driver's whole terminal text: what it holds beyond the last look came at `time`.
@@ -52,7 +54,11 @@ private:
     void add(Direction direction, std::string_view bytes, const std::string& time, bool newLine);
     void begin(Direction direction, const std::string& time);
 
+    void keepWithinLimit();
+
+    std::size_t byteLimit_;
     std::size_t lineLimit_;
+    std::size_t bytes_ = 0; // in all the lines
     std::deque<TranscriptLine> lines_;
     bool lastDone_ = false; // the last line was passed on by Finish
     std::string seen_;      // the terminal text at the last look

@@ -183,6 +183,15 @@ TEST(TerminalTranscript, OnlyWhatIsNewInTheDriversTextCounts) {
     EXPECT_EQ(WithCodes(std::string("\0\t\x7F\xFF~ \x1B", 7)), "<00><TAB><7F><FF>~ <1B>");
 }
 
+TEST(TerminalTranscript, ALineWithoutEndIsCutAndTheOldestLinesGo) {
+    TerminalTranscript t(20, 8);
+    std::vector<std::string> done;
+    t.OnLineDone([&](const TranscriptLine& line) { done.push_back(line.bytes); });
+    t.Observe(std::string(30, 'x'), "t");
+    EXPECT_EQ(t.Render({.times = true}), "t xxxxxxxx\nt xxxxxx");
+    EXPECT_EQ(done, std::vector<std::string>(3, "xxxxxxxx")) << "each piece passed on once";
+}
+
 TEST(TerminalLog, EveryLineOnceWithTimeDirectionAndCodes) {
     TempFolder folder;
     const auto path = folder.file("log.txt");

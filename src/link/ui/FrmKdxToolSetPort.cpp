@@ -122,8 +122,8 @@ void FrmKdxToolSetPort::PortChanged(const std::string& port, const std::string& 
 
 void FrmKdxToolSetPort::PortOpenOrClosed(const std::string& state) {
     const bool open = state == "Open";
-    if (open) {
-        replug_.Opened(openedPort());
+    if (open && !(replug_.IsOpen() && replug_.Port().number == port_->currentIndex())) {
+        replug_.Opened(openedPort()); // asked afresh for each new port, not at every look
     }
     // While a lost port is awaited the box stays checked, and the port and baud stay as they
     // are: the user's wish for that port stands until the user clears the box.

@@ -240,22 +240,30 @@ void FrmKdxToolTerminal::Timer1_Timer() {
     }
     current_ = app.kdx.ReadReplyFromPort();
     if (current_ != previous_) {
-        observe();
-        redraw();
+        const auto terminal = app.kdx.TerminalGet();
+        observe(terminal);
+        redraw(terminal);
     }
     previous_ = app.kdx.ReadReplyFromPort();
 }
 
-void FrmKdxToolTerminal::observe() {
-    transcript_.Observe(App().kdx.TerminalGet(), now());
+void FrmKdxToolTerminal::observe(const std::string& terminal) {
+    transcript_.Observe(terminal, now());
     tellLogLost();
 }
 
-void FrmKdxToolTerminal::redraw() {
+void FrmKdxToolTerminal::observe() {
+    observe(App().kdx.TerminalGet());
+}
+
+void FrmKdxToolTerminal::redraw(const std::string& terminal) {
     const auto options = view();
     highlighter_->setActive(options.sent);
-    showText(options.Any() ? Latin1(transcript_.Render(options))
-                           : display(App().kdx.TerminalGet()));
+    showText(options.Any() ? Latin1(transcript_.Render(options)) : display(terminal));
+}
+
+void FrmKdxToolTerminal::redraw() {
+    redraw(App().kdx.TerminalGet());
 }
 
 void FrmKdxToolTerminal::showText(const QString& text) {

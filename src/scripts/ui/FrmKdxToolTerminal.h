@@ -54,8 +54,10 @@ protected:
 private:
     QWidget* buildOptions();
     TerminalView view() const;
-    void observe();
+    void observe(); // the driver's terminal text as it is now
+    void observe(const std::string& terminal);
     void redraw();
+    void redraw(const std::string& terminal);
     void showText(const QString& text);
     void startLog();
     void stopLog();
