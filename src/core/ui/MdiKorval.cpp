@@ -211,6 +211,8 @@ QWidget* MdiKorval::buildStatusBar() {
     status->addSpacing(12);
     lblNote_ = new QLabel(frameStatus);
     lblNote_->setObjectName("LblStatusNote");
+    // A long device path is cut rather than widening the window; its tool tip has it whole.
+    lblNote_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     status->addWidget(lblNote_, 1);
     row->addWidget(frameStatus, 1);
     return bar;
@@ -276,6 +278,7 @@ void MdiKorval::listOpenWindows(QMenu* menu) {
 
 void MdiKorval::SetNote(const QString& text) {
     lblNote_->setText(text);
+    lblNote_->setToolTip(text);
     lblNote_->repaint();
 }
 
