@@ -89,34 +89,18 @@ TEST(TextBoxKeyPress, KeysApplyAtTheCaretOrOverTheSelection) {
 
 TEST(HelpDocuments, TheDocumentItselfWhenThereElseItsAlternativeElseNothing) {
     TempFolder program;
-    const auto put = [&](const std::string& name) {
-        std::filesystem::create_directories(
-            std::filesystem::path(program.file(name)).parent_path());
-        std::ofstream(program.file(name)) << "x";
+    const auto kdx = HelpDocuments()[3];
+    ASSERT_EQ(std::string(kdx.menu), "MnuHelpKdxManual");
+    const auto file = [&](const char* name) {
+        return program.file("Documentation/KDX Users Manual/") + name;
     };
-    const auto find = [&](const char* menu) {
-        for (const auto& d : HelpDocuments()) {
-            if (std::string_view(d.menu) == menu) {
-                return PresentHelpFile(d, program.path() + "/");
-            }
-        }
-        return std::string("(no entry)");
-    };
-    EXPECT_EQ(find("MnuHelpKdxManual"), "") << "neither file: the dialogue";
-    put("Documentation/KDX Users Manual/kdx_user_manl.html");
-    EXPECT_EQ(find("MnuHelpKdxManual"),
-              program.file("Documentation/KDX Users Manual/kdx_user_manl.html"));
-    put("Documentation/KDX Users Manual/kdx_user_manl.pdf");
-    EXPECT_EQ(find("MnuHelpKdxManual"),
-              program.file("Documentation/KDX Users Manual/kdx_user_manl.pdf"))
-        << "the PDF first";
-    std::filesystem::create_directories(
-        program.file("Documentation/Cable Connections/Cable Connections.pdf"));
-    EXPECT_EQ(find("MnuHelpCableConnections"), "") << "a folder of that name is no document";
-    put("Documentation/KORVAL Users Manual/AutoReverse.html");
-    EXPECT_EQ(find("MnuHelpAutoRevInstr"),
-              program.file("Documentation/KORVAL Users Manual/AutoReverse.html"));
-    EXPECT_EQ(find("MnuHelpKorvalManual"), "") << "no alternative for the table of contents";
+    EXPECT_EQ(PresentHelpFile(kdx, program.path() + "/"), "") << "neither: the dialogue";
+    std::filesystem::create_directories(file("kdx_user_manl.pdf")); // a folder is no document
+    std::ofstream(file("kdx_user_manl.html")) << "x";
+    EXPECT_EQ(PresentHelpFile(kdx, program.path() + "/"), file("kdx_user_manl.html"));
+    std::filesystem::remove(file("kdx_user_manl.pdf"));
+    std::ofstream(file("kdx_user_manl.pdf")) << "x";
+    EXPECT_EQ(PresentHelpFile(kdx, program.path() + "/"), file("kdx_user_manl.pdf")) << "PDF first";
 }
 
 TEST(WindowPlacement, AWindowOpensWhereItWasUnlessAnotherStandsThere) {

@@ -192,28 +192,22 @@ TEST(TerminalTranscript, ALineWithoutEndIsCutAndTheOldestLinesGo) {
     EXPECT_EQ(done, std::vector<std::string>(3, "xxxxxxxx")) << "each piece passed on once";
 }
 
-TEST(TerminalLog, EveryLineOnceWithTimeDirectionAndCodes) {
+TEST(TerminalLog, SessionsAreAddedNeverReplaced) {
     TempFolder folder;
     const auto path = folder.file("log.txt");
     TerminalLog log;
-    TerminalTranscript t;
-    t.OnLineDone([&](const TranscriptLine& line) { log.Write(line); });
-    ASSERT_TRUE(log.Open(path, std::chrono::system_clock::now()));
-    t.Observe("1.22\r", "10:00:00.100");
-    t.Sent("getD0,\r", "10:00:00.200");
-    t.Observe("1.22\rok", "10:00:00.300");
-    t.Finish();
-    t.Finish();
-    log.Close();
-    const auto text = readWholeFile(path).value_or("");
-    const auto body = text.substr(text.find("----\r\n") + 6);
-    EXPECT_EQ(body,
-              "10:00:00.100 < 1.22<CR>\r\n10:00:00.200 > getD0,<CR>\r\n10:00:00.300 < ok\r\n");
-    EXPECT_TRUE(text.starts_with("---- KDX Terminal, ")) << text;
-
-    ASSERT_TRUE(log.Open(path, std::chrono::system_clock::now())) << "a second session";
-    log.Close();
-    EXPECT_TRUE(readWholeFile(path).value_or("").starts_with(text)) << "added, never replaced";
+    const TranscriptLine line{Direction::Sent, "10:00:00.200", "getD0,\r", true};
+    std::vector<std::string> texts;
+    for (int session = 0; session < 2; ++session) {
+        ASSERT_TRUE(log.Open(path, std::chrono::system_clock::now()));
+        EXPECT_TRUE(log.Write(line));
+        log.Close();
+        texts.push_back(readWholeFile(path).value_or(""));
+    }
+    EXPECT_TRUE(texts[0].starts_with("---- KDX Terminal, ")) << texts[0];
+    EXPECT_TRUE(texts[0].ends_with(" ----\r\n10:00:00.200 > getD0,<CR>\r\n")) << texts[0];
+    EXPECT_TRUE(texts[1].starts_with(texts[0]));
+    EXPECT_EQ(texts[1].size(), 2 * texts[0].size());
     EXPECT_FALSE(log.Open(folder.file("no/such/folder/log.txt"), std::chrono::system_clock::now()));
     EXPECT_NE(log.Problem(), "");
 }
