@@ -9,7 +9,9 @@
 #include "support/TempFolder.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTimer>
 
@@ -43,6 +45,13 @@ void BM_TerminalFlood38400(benchmark::State& state) {
         return;
     }
     auto* terminal = app.Form<korval::FrmKdxToolTerminal>("FrmKdxToolTerminal");
+    if (state.range(1) != 0) { // the transcript with every option, and the session logged
+        terminal->TxtLogFile()->setText(QString::fromStdString(folder.file("log.txt")));
+        for (auto* option : {terminal->ChkShowSent(), terminal->ChkTimeStamps(),
+                             terminal->ChkShowCodes(), terminal->ChkLogSession()}) {
+            option->setChecked(true);
+        }
+    }
     terminal->ShowWindow();
     terminal->SetActive(true);
 
@@ -79,7 +88,12 @@ void BM_TerminalFlood38400(benchmark::State& state) {
         static_cast<double>(terminal->TxtReceive()->toPlainText().size());
     program.Shutdown();
 }
-BENCHMARK(BM_TerminalFlood38400)->Arg(20)->Iterations(1)->Unit(benchmark::kSecond);
+// Arguments: seconds, and 1 for every terminal option on.
+BENCHMARK(BM_TerminalFlood38400)
+    ->Args({20, 0})
+    ->Args({20, 1})
+    ->Iterations(1)
+    ->Unit(benchmark::kSecond);
 
 } // namespace
 

@@ -5,7 +5,9 @@
 #include "CliText.h"
 #include "CommandTable.h"
 
+#include "link/PortLabels.h"
 #include "link/PortMap.h"
+#include "link/ui/SystemSerialPorts.h"
 #include "scripts/TerminalSend.h"
 
 #include <ostream>
@@ -17,9 +19,8 @@ namespace {
 constexpr int DefaultHighestPort = 16;
 
 int ports(CliRun& r) {
-    const PortMap map;
-    for (const auto& e : map.list()) {
-        r.out << "Com" << e.port << " " << e.device << (e.linked ? "" : " (found)") << "\n";
+    for (const auto& p : LabelPorts(PortMap(), SystemSerialPorts())) {
+        r.out << p.label << "\n";
     }
     return ExitOk;
 }
@@ -80,7 +81,9 @@ int send(CliRun& r) {
 }
 
 const CliCommand Commands[] = {
-    {"ports", "ports                  list port numbers and the devices they resolve to",
+    {"ports",
+     "ports                  list port numbers, the devices they resolve to and the\n"
+     "                       USB adapters' descriptions",
      Needs::Nothing, ports},
     {"detect",
      "detect [--max-port N]  scan like the auto-detect; print \"Com<N> <baud>\";\n"

@@ -71,7 +71,14 @@ bool ClsReadWriteFile::CreateAppendFile(const std::string& path) {
 }
 
 bool ClsReadWriteFile::WriteToAppendFile(std::string_view text) {
-    return append_ && std::fwrite(text.data(), 1, text.size(), append_.get()) == text.size();
+    // Flushed at once: an append file is a log, and what was written must survive a crash.
+    const bool ok = append_ &&
+                    std::fwrite(text.data(), 1, text.size(), append_.get()) == text.size() &&
+                    std::fflush(append_.get()) == 0;
+    if (append_ && !ok) {
+        lastError_ = std::string("cannot write: ") + std::strerror(errno);
+    }
+    return ok;
 }
 
 bool ClsReadWriteFile::CloseAppendFile() {

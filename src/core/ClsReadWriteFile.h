@@ -1,6 +1,6 @@
 #pragma once
 // Whole text files: scripts, reports and the settings file. Output files are replaced
-// atomically when closed; append files grow in place.
+// atomically when closed; append files grow in place, each write flushed as it is made.
 #include "AtomicFile.h"
 
 #include <cstdio>

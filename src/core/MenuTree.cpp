@@ -67,6 +67,10 @@ const std::vector<MenuEntry>& MenuTree() {
         {"MnuDriverDebugShow", "Show", "MnuDriverDebug"},
         {"MnuDriverDebugHide", "Hide", "MnuDriverDebug"},
         {"MnuDriverRecovery", "Driver Recovery Tools", "MnuToolsAdmin"},
+        {"MnuWindow", "Window", ""},
+        {"MnuWindowCascade", "Cascade", "MnuWindow"},
+        {"MnuWindowTile", "Tile", "MnuWindow"},
+        {"MnuWindowBrk1", "-", "MnuWindow"}, // the open tool windows follow
         {"MnuHelp", "Help", ""},
         {"MnuHelpAbout", "About", "MnuHelp"},
         {"MnuHelpManuals", "Manuals", "MnuHelp"},

@@ -275,6 +275,13 @@ void KdxDriver::onPortLost() {
     if (!report.empty()) {
         writeSink(SinkRole::Report, report);
     }
+    reportPortLost();
+}
+
+void KdxDriver::reportPortLost() {
+    // Every time, unlike a status report that is written only when it changes: the program
+    // waits for the device and opens the port again by itself.
+    writeSink(SinkRole::Report, KDX_REPORT_PORT_LOST);
 }
 
 bool KdxDriver::send(const std::string& bytes) {

@@ -90,6 +90,7 @@ private:
     void settle();
     bool idle();
     void onPortLost();
+    void reportPortLost();
     void writeSink(SinkRole role, const std::string& text);
     void traffic(char direction, const std::string& bytes);
     void pollLoop();

@@ -85,6 +85,11 @@ typedef struct KdxSink {
     X(void, SetTrafficCallback, (const KdxSink* sink))                                             \
     X(char*, GetPortProblem, (int32_t * length))
 
+/* The report sink's text when the open port's device goes away (an adapter pulled out, a far
+ * end that hung up): written at every such loss, after the status report, so that the program
+ * can open the port again when the device returns. */
+#define KDX_REPORT_PORT_LOST "PORTLOST"
+
 /* Time limits of WaitForChar and RunProgramAndWaitForFinish: seconds in fixed point with four
  * implied decimals (10000 is one second); 0 means no limit. */
 

@@ -26,6 +26,7 @@ struct ScriptedPrompts : Prompts {
     std::deque<Answer> answers;
     std::deque<std::string> inputs;
     std::vector<std::string> asked;
+    std::vector<FileDialog> dialogs; // every file dialogue as it was asked
 
     Answer Message(const std::string& text, const std::string& title, Icon, Buttons) override {
         asked.push_back(title + ": " + text);
@@ -38,6 +39,7 @@ struct ScriptedPrompts : Prompts {
     }
     std::optional<std::string> OpenFile(const FileDialog& d) override {
         asked.push_back("open " + d.title);
+        dialogs.push_back(d);
         if (files.empty()) {
             return std::nullopt;
         }
@@ -47,6 +49,7 @@ struct ScriptedPrompts : Prompts {
     }
     std::optional<std::string> SaveFile(const FileDialog& d) override {
         asked.push_back("save " + d.title);
+        dialogs.push_back(d);
         if (saves.empty()) {
             return std::nullopt;
         }

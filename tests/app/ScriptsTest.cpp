@@ -12,7 +12,9 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 
 using namespace korval;
 using namespace korval::test;
@@ -78,29 +80,87 @@ struct ScriptsFixture : AppFixture {
         sentBy(action);
         return traffic.find(" # R\r\n") != std::string::npos;
     }
-    void type(const QString& text) { terminal->TxtSend()->setPlainText(text); }
+    void type(const char* text) { terminal->TxtSend()->setPlainText(text); }
 };
 
 } // namespace
 
+const struct {
+    const char* typed;
+    const char* arrives;
+} SendingTable[] = {
+    {"R,", "R"},
+    {"C,S1M2000,I1M400,R\n", "C,S1M2000,I1M400,R"},
+    {"getD0,", "getD0,\r"},
+    {"setI7", "setI7\r"},
+    {"C,\tsetI7,\nrsm\n", "C,setI7,\r\nrsm\r"}, // no capital R: a CR goes behind
+    {"Q", "Q\r"},
+    {"F,", "QF,\r"}, // BringOnline sends its Q first
+};
+
 TEST_F(ScriptsFixture, TheTerminalSendsByTheRulesByteForByte) {
-    const struct {
-        QString typed;
-        std::string arrives;
-    } cases[] = {
-        {"R,", "R"},
-        {"C,S1M2000,I1M400,R\n", "C,S1M2000,I1M400,R"},
-        {"getD0,", "getD0,\r"},
-        {"setI7", "setI7\r"},
-        {"C,\tsetI7,\nrsm\n", "C,setI7,\r\nrsm\r"}, // no capital R: a CR goes behind
-        {"Q", "Q\r"},
-    };
-    for (const auto& c : cases) {
+    for (const auto& c : SendingTable) {
         type(c.typed);
-        EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed.toStdString();
+        EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed;
     }
-    type("F,");
-    EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), "QF,\r") << "BringOnline sends its Q";
+}
+
+TEST_F(ScriptsFixture, EveryTerminalOptionOnLeavesTheSentBytesAsTheyWere) {
+    terminal->TxtLogFile()->setText(QString::fromStdString(folder.file("session.txt")));
+    for (auto* option :
+         {terminal->ChkShowSent(), terminal->ChkTimeStamps(), terminal->ChkShowCodes(),
+          terminal->ChkLogSession(), terminal->ChkCtrlEnterSends()}) {
+        option->setChecked(true);
+    }
+    ASSERT_TRUE(terminal->ChkLogSession()->isChecked()) << "the log file opened";
+    terminal->ShowWindow();
+    terminal->SetActive(true);
+    const auto key = [&](Qt::KeyboardModifiers modifiers) {
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, modifiers);
+        QCoreApplication::sendEvent(terminal->TxtSend(), &enter);
+    };
+    for (const auto& c : SendingTable) {
+        type(c.typed);
+        EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed;
+        EXPECT_EQ(sentBy([&] { key(Qt::ControlModifier); }), c.arrives) << "Ctrl+Enter " << c.typed;
+    }
+    type("getD0,");
+    terminal->TxtSend()->moveCursor(QTextCursor::End);
+    EXPECT_EQ(sentBy([&] { key(Qt::NoModifier); }), "") << "Enter alone sends nothing";
+    EXPECT_EQ(terminal->TxtSend()->toPlainText(), "getD0,\n") << "it adds a line";
+}
+
+TEST_F(ScriptsFixture, TheTranscriptShowsAndLogsBothSidesAndItsOptionsAreKept) {
+    terminal->TxtLogFile()->setText(QString::fromStdString(folder.file("session.txt")));
+    for (auto* option :
+         {terminal->ChkLogSession(), terminal->ChkShowSent(), terminal->ChkShowCodes()}) {
+        option->setChecked(true);
+    }
+    terminal->ShowWindow();
+    terminal->SetActive(true);
+    peer->send("KDX\r");
+    app->delay.TimeDelay(0.4);
+    type("getD0,");
+    terminal->CmdSend_Click();
+    peer->send("1.22\r\xCB"
+               "B");
+    app->delay.TimeDelay(0.4);
+    EXPECT_EQ(terminal->TxtReceive()->toPlainText(),
+              "< KDX<CR>\n> getD0,<CR>\n< 1.22<CR>\n< <CB>B");
+    terminal->ChkLogSession()->setChecked(false);
+    const auto log = readWholeFile(folder.file("session.txt")).value_or("");
+    const QString t = R"(\d\d:\d\d:\d\d\.\d\d\d )"; // each line's time
+    const QRegularExpression session("^---- KDX Terminal, [-0-9: ]+ ----\r\n" + t +
+                                     "< KDX<CR>\r\n" + t + "> getD0,<CR>\r\n" + t +
+                                     "< 1\\.22<CR>\r\n" + t + "< <CB>B\r\n$");
+    EXPECT_TRUE(session.match(QString::fromLatin1(log)).hasMatch()) << log;
+
+    stop(); // the options are kept in the settings file
+    ASSERT_TRUE(start());
+    terminal = app->Form<FrmKdxToolTerminal>("FrmKdxToolTerminal");
+    EXPECT_TRUE(terminal->ChkShowSent()->isChecked());
+    EXPECT_FALSE(terminal->ChkTimeStamps()->isChecked());
+    EXPECT_EQ(terminal->TxtLogFile()->text().toStdString(), folder.file("session.txt"));
 }
 
 TEST_F(ScriptsFixture, TheReceiveBoxShowsTheTerminalTextOnTheTimer) {

@@ -137,3 +137,15 @@ TEST(CliRun, ABusyPortSaysWhoHoldsIt) {
     EXPECT_NE(r.out.find(" is in use by "), std::string::npos) << r.out;
     EXPECT_NE(r.out.find("korval-cli (process "), std::string::npos) << r.out;
 }
+
+TEST(CliRun, PortsNameTheDeviceBehindEachNumber) {
+    TempFolder dir;
+    std::ofstream(dir.file("tty-bench")) << "";
+    std::filesystem::create_directories(dir.file("ports"));
+    std::filesystem::create_symlink(dir.file("tty-bench"), dir.file("ports/Com7"));
+    std::filesystem::create_symlink(dir.file("gone"), dir.file("ports/Com9"));
+    const auto out = run("KORVAL_PORTS='" + dir.file("ports") + "' " + cli("ports")).out;
+    const auto real = std::filesystem::canonical(dir.file("tty-bench")).string();
+    EXPECT_NE(out.find("Com7  " + real + "\n"), std::string::npos) << out;
+    EXPECT_NE(out.find("Com9  " + dir.file("gone") + " (missing)\n"), std::string::npos) << out;
+}

@@ -1,10 +1,14 @@
 #include "core/MainWindowRules.h"
 #include "core/AdminSettings.h"
 #include "core/ClsFormControl.h"
+#include "core/HelpDocuments.h"
 #include "core/MenuTree.h"
+#include "core/WindowPlacement.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <set>
 
 using namespace korval;
@@ -81,4 +85,53 @@ TEST(TextBoxKeyPress, KeysApplyAtTheCaretOrOverTheSelection) {
         EXPECT_EQ(after.text, c.text) << c.before.text << " key " << c.key;
         EXPECT_EQ(after.selStart, c.caret) << c.before.text << " key " << c.key;
     }
+}
+
+TEST(HelpDocuments, TheDocumentItselfWhenThereElseItsAlternativeElseNothing) {
+    TempFolder program;
+    const auto kdx = HelpDocuments()[3];
+    ASSERT_EQ(std::string(kdx.menu), "MnuHelpKdxManual");
+    const auto file = [&](const char* name) {
+        return program.file("Documentation/KDX Users Manual/") + name;
+    };
+    EXPECT_EQ(PresentHelpFile(kdx, program.path() + "/"), "") << "neither: the dialogue";
+    std::filesystem::create_directories(file("kdx_user_manl.pdf")); // a folder is no document
+    std::ofstream(file("kdx_user_manl.html")) << "x";
+    EXPECT_EQ(PresentHelpFile(kdx, program.path() + "/"), file("kdx_user_manl.html"));
+    std::filesystem::remove(file("kdx_user_manl.pdf"));
+    std::ofstream(file("kdx_user_manl.pdf")) << "x";
+    EXPECT_EQ(PresentHelpFile(kdx, program.path() + "/"), file("kdx_user_manl.pdf")) << "PDF first";
+}
+
+TEST(WindowPlacement, AWindowOpensWhereItWasUnlessAnotherStandsThere) {
+    const WindowSpot room{400, 300};
+    const struct {
+        WindowSpot own;
+        std::vector<WindowSpot> open;
+        WindowSpot opens;
+    } cases[] = {
+        {{120, 80}, {}, {120, 80}},                  // its last place
+        {{120, 80}, {{0, 0}, {200, 80}}, {120, 80}}, // beside others
+        {{0, 0}, {{0, 0}}, {30, 30}},                // first use: the next step
+        {{0, 0}, {{5, 8}, {30, 30}}, {60, 60}},      // nearly on top counts as on top
+        {{0, 0},
+         {{0, 0},
+          {30, 30},
+          {60, 60},
+          {90, 90},
+          {120, 120},
+          {150, 150},
+          {180, 180},
+          {210, 210},
+          {240, 240},
+          {270, 270},
+          {300, 300}},
+         {90, 0}},                      // the diagonal full: a new one, right
+        {{50, 50}, {{50, 50}}, {0, 0}}, // the cascade's first step was free
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(OpenSpot(c.own, c.open, room, 30), c.opens) << c.own.x << "," << c.own.y;
+    }
+    // A room smaller than a step: every window at the corner, and never outside the area.
+    EXPECT_EQ(OpenSpot({0, 0}, {{0, 0}}, {-10, -10}, 30), (WindowSpot{0, 0}));
 }

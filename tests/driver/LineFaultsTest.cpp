@@ -161,7 +161,10 @@ TEST_F(LineFixture, AHangUpReadsAsNoContactAndThePortOpensAgainLater) {
     EXPECT_EQ(kdx.VerifyStatus(), "ERRORCOMMUNICATIONS");
     EXPECT_FALSE(kdx.IsSerialPortOpen());
     mailbox.drain();
-    EXPECT_NE(std::find(reports.begin(), reports.end(), "ERRORCOMMUNICATIONS"), reports.end());
+    const auto noContact = std::find(reports.begin(), reports.end(), "ERRORCOMMUNICATIONS");
+    EXPECT_NE(noContact, reports.end());
+    EXPECT_NE(std::find(noContact, reports.end(), KDX_REPORT_PORT_LOST), reports.end())
+        << "the loss itself is reported, after the status";
     EXPECT_EQ(kdx.SendCommandsToPort("getD0,"), 0);
 
     PtyPeer again(answerStatus([] { return std::string("J"); }));

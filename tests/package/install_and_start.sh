@@ -31,6 +31,7 @@ echo "package: $(basename "$deb"), $(stat -c %s "$deb") bytes"
 control=$(dpkg-deb -f "$deb")
 grep -q '^Package: korval$' <<< "$control" || fail "the package is not named korval"
 grep -q 'dialout' <<< "$control" || fail "the description does not tell of the dialout group"
+grep -q '^Depends:.*libqt6svg6' <<< "$control" || fail "the package does not depend on libqt6svg6"
 if command -v dpkg-shlibdeps > /dev/null; then
     for runtime in libqt6core6 libqt6gui6 libqt6widgets6 libqt6serialport6; do
         grep -q "^Depends:.*$runtime" <<< "$control" || fail "the package does not depend on $runtime"

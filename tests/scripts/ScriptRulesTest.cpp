@@ -1,5 +1,9 @@
+#include "core/ClsReadWriteFile.h"
 #include "scripts/ScriptText.h"
+#include "scripts/TerminalLog.h"
 #include "scripts/TerminalSend.h"
+#include "scripts/TerminalTranscript.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -115,4 +119,100 @@ TEST(ScriptText, FileNamesAndFileProblems) {
               "was not opened.");
     EXPECT_TRUE(HasNonAscii("C,\xE9R"));
     EXPECT_FALSE(HasNonAscii("C,R\r\n"));
+}
+
+TEST(TerminalTranscript, EachViewOfOneSession) {
+    TerminalTranscript t;
+    t.Observe("KDX\r", "10:00:00.000");
+    t.Sent("getD0,\r", "10:00:01.000");
+    t.Observe("KDX\r1.2", "10:00:01.100");
+    t.Observe("KDX\r1.22\r\xCB"
+              "B",
+              "10:00:01.200");
+    const struct {
+        TerminalView view;
+        const char* shown;
+    } cases[] = {
+        {{.times = true},
+         "10:00:00.000 KDX\n10:00:01.100 1.22\n10:00:01.200 \xCB"
+         "B"},
+        {{.sent = true},
+         "< KDX\n> getD0,\n< 1.22\n< \xCB"
+         "B"},
+        {{.codes = true}, "KDX<CR>\n1.22<CR>\n<CB>B"},
+        {{.sent = true, .times = true, .codes = true},
+         "10:00:00.000 < KDX<CR>\n10:00:01.000 > getD0,<CR>\n10:00:01.100 < 1.22<CR>\n"
+         "10:00:01.200 < <CB>B"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(t.Render(c.view), c.shown);
+    }
+}
+
+TEST(TerminalTranscript, LinesEndAtCrLfOrCrLfAndSendingBeginsALine) {
+    const struct {
+        std::vector<std::pair<char, std::string>> steps; // 'r' the terminal now holds, 's' sent
+        const char* lines;                               // with sent and codes shown
+    } cases[] = {
+        {{{'r', "a\r"}, {'r', "a\r\n"}, {'r', "a\r\nb"}}, "< a<CR><LF>\n< b"}, // CR LF apart
+        {{{'r', "a\n\nb\r\r"}}, "< a<LF>\n< <LF>\n< b<CR>\n< <CR>\n"},
+        {{{'r', "ab"}, {'s', "R"}, {'s', "R"}, {'r', "abc"}}, "< ab\n> R\n> R\n< c"},
+        {{{'s', "C,\r\nR"}}, "> C,<CR><LF>\n> R"},
+        {{{'r', "x"}, {'r', ""}, {'r', "y"}}, "< xy"}, // emptied between two looks
+    };
+    for (const auto& c : cases) {
+        TerminalTranscript t;
+        for (const auto& [kind, text] : c.steps) {
+            kind == 'r' ? t.Observe(text, "t") : t.Sent(text, "t");
+        }
+        EXPECT_EQ(t.Render({.sent = true, .codes = true}), c.lines);
+    }
+}
+
+TEST(TerminalTranscript, OnlyWhatIsNewInTheDriversTextCounts) {
+    const std::string tail(300, 'x');
+    const struct {
+        std::string before, now, fresh;
+    } cases[] = {
+        {"", "abc", "abc"},
+        {"abc", "abcde", "de"},
+        {"abc", "abc", ""},
+        {"abc", "xyz", "xyz"},               // cleared and filled again
+        {"old" + tail, tail + "new", "new"}, // the driver kept its tail
+        {"old" + tail, tail.substr(0, 200) + "new", tail.substr(0, 200) + "new"}, // too short
+        {std::string(400, 'a'), std::string(300, 'a') + "b", "b"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(NewTerminalBytes(c.before, c.now), c.fresh) << c.before.size() << c.now;
+    }
+    EXPECT_EQ(WithCodes(std::string("\0\t\x7F\xFF~ \x1B", 7)), "<00><TAB><7F><FF>~ <1B>");
+}
+
+TEST(TerminalTranscript, ALineWithoutEndIsCutAndTheOldestLinesGo) {
+    TerminalTranscript t(20, 8);
+    std::vector<std::string> done;
+    t.OnLineDone([&](const TranscriptLine& line) { done.push_back(line.bytes); });
+    t.Observe(std::string(30, 'x'), "t");
+    EXPECT_EQ(t.Render({.times = true}), "t xxxxxxxx\nt xxxxxx");
+    EXPECT_EQ(done, std::vector<std::string>(3, "xxxxxxxx")) << "each piece passed on once";
+}
+
+TEST(TerminalLog, SessionsAreAddedNeverReplaced) {
+    TempFolder folder;
+    const auto path = folder.file("log.txt");
+    TerminalLog log;
+    const TranscriptLine line{Direction::Sent, "10:00:00.200", "getD0,\r", true};
+    std::vector<std::string> texts;
+    for (int session = 0; session < 2; ++session) {
+        ASSERT_TRUE(log.Open(path, std::chrono::system_clock::now()));
+        EXPECT_TRUE(log.Write(line));
+        log.Close();
+        texts.push_back(readWholeFile(path).value_or(""));
+    }
+    EXPECT_TRUE(texts[0].starts_with("---- KDX Terminal, ")) << texts[0];
+    EXPECT_TRUE(texts[0].ends_with(" ----\r\n10:00:00.200 > getD0,<CR>\r\n")) << texts[0];
+    EXPECT_TRUE(texts[1].starts_with(texts[0]));
+    EXPECT_EQ(texts[1].size(), 2 * texts[0].size());
+    EXPECT_FALSE(log.Open(folder.file("no/such/folder/log.txt"), std::chrono::system_clock::now()));
+    EXPECT_NE(log.Problem(), "");
 }

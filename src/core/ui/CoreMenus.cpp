@@ -1,5 +1,6 @@
 #include "CoreMenus.h"
 
+#include "ClsShellExecute.h"
 #include "FrmDriverDebug.h"
 #include "FrmKdxAdmin.h"
 #include "FrmKdxToolSplash.h"
@@ -9,8 +10,7 @@
 #include "core/AdminSettings.h"
 #include "core/HelpDocuments.h"
 
-#include <QDesktopServices>
-#include <QUrl>
+#include <QMdiArea>
 
 namespace korval {
 
@@ -22,13 +22,18 @@ void adminPassword(const std::function<void()>& onMatch) {
     }
 }
 
+// The document itself when it is there; the dialogue on its folder only when it is not.
 void openHelp(const HelpDocument& document) {
     auto& app = App();
+    if (const auto present = PresentHelpFile(document, app.folders.application); !present.empty()) {
+        ClsShellExecute::ShellProgram("Open", present);
+        return;
+    }
     const auto chosen =
         app.prompts.OpenFile({"Open Help File", document.filter,
                               app.folders.application + document.folder, document.file});
     if (chosen && !chosen->empty()) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromLocal8Bit(chosen->c_str())));
+        ClsShellExecute::ShellProgram("Open", *chosen);
     }
 }
 
@@ -55,6 +60,8 @@ void WireCoreMenus(MdiKorval& mdi) {
     for (const auto& document : HelpDocuments()) {
         mdi.SetHandler(document.menu, [&document] { openHelp(document); });
     }
+    mdi.SetHandler("MnuWindowCascade", [&mdi] { mdi.Area()->cascadeSubWindows(); });
+    mdi.SetHandler("MnuWindowTile", [&mdi] { mdi.Area()->tileSubWindows(); });
     for (const int size : {8, 10, 12, 14, 18, 24}) {
         mdi.SetHandler(QString("MnuFormatFont%1").arg(size), [&mdi, size] { mdi.FontSize(size); });
     }

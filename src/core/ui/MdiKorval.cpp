@@ -8,17 +8,21 @@
 
 #include "core/MainWindowRules.h"
 #include "core/MenuTree.h"
+#include "core/WindowPlacement.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace korval {
@@ -53,6 +57,8 @@ const ToolButton PanelButtons[] = {
 } // namespace
 
 MdiKorval::MdiKorval() : FormBase("MdiKorval", "KORVAL") {
+    // Every window, the tool windows' frames and the message boxes take the program's icon.
+    QApplication::setWindowIcon(QIcon(":/korval/korval.svg"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -83,6 +89,9 @@ MdiKorval::MdiKorval() : FormBase("MdiKorval", "KORVAL") {
         app.kdx.KdxChanged.subscribe([this](const std::string& w) { KdxChanged(w); });
     disableUntilWired();
     connectPanelButtons();
+    auto* windowMenu = actions_.value("MnuWindow")->menu();
+    connect(windowMenu, &QMenu::aboutToShow, this,
+            [this, windowMenu] { listOpenWindows(windowMenu); });
     CentreOnScreen(*this);
 }
 
@@ -199,6 +208,12 @@ QWidget* MdiKorval::buildStatusBar() {
     status->addWidget(lblStatusPort_);
     status->addSpacing(12);
     status->addWidget(lblPortCurrent_);
+    status->addSpacing(12);
+    lblNote_ = new QLabel(frameStatus);
+    lblNote_->setObjectName("LblStatusNote");
+    // A long device path is cut rather than widening the window; its tool tip has it whole.
+    lblNote_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    status->addWidget(lblNote_, 1);
     row->addWidget(frameStatus, 1);
     return bar;
 }
@@ -213,7 +228,58 @@ void MdiKorval::Adopt(FormBase& form) {
     frame->setAttribute(Qt::WA_DeleteOnClose, false);
     form.SetSubWindow(frame);
     frame->installEventFilter(&form);
+    frame->installEventFilter(this); // where it opens
     frame->hide();
+}
+
+bool MdiKorval::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show) {
+        if (auto* frame = qobject_cast<QMdiSubWindow*>(watched);
+            frame && frame->mdiArea() == area_) {
+            placeOnOpen(frame);
+        }
+    }
+    return FormBase::eventFilter(watched, event);
+}
+
+void MdiKorval::placeOnOpen(QWidget* frame) {
+    std::vector<WindowSpot> open;
+    for (auto* other : area_->subWindowList()) {
+        if (other != frame && other->isVisible() && !other->isMinimized()) {
+            open.push_back({other->x(), other->y()});
+        }
+    }
+    const WindowSpot room{area_->viewport()->width() - frame->width(),
+                          area_->viewport()->height() - frame->height()};
+    const int step = frame->style()->pixelMetric(QStyle::PM_TitleBarHeight) + 6;
+    const auto spot = OpenSpot({frame->x(), frame->y()}, open, room, step);
+    frame->move(spot.x, spot.y);
+}
+
+void MdiKorval::listOpenWindows(QMenu* menu) {
+    qDeleteAll(windowEntries_);
+    windowEntries_.clear();
+    for (auto* frame : area_->subWindowList()) {
+        if (!frame->isVisible()) {
+            continue;
+        }
+        auto* entry = new QAction(frame->windowTitle(), menu);
+        entry->setObjectName("WindowListEntry"); // not a menu of the settings file
+        entry->setCheckable(true);
+        entry->setChecked(frame == area_->activeSubWindow());
+        connect(entry, &QAction::triggered, this, [this, frame] {
+            frame->showNormal();
+            area_->setActiveSubWindow(frame);
+        });
+        menu->addAction(entry);
+        windowEntries_.append(entry);
+    }
+}
+
+void MdiKorval::SetNote(const QString& text) {
+    lblNote_->setText(text);
+    lblNote_->setToolTip(text);
+    lblNote_->repaint();
 }
 
 void MdiKorval::SetHandler(const QString& menu, std::function<void()> handler) {

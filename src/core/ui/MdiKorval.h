@@ -9,6 +9,7 @@
 #include "link/StatusDisplay.h"
 
 #include <QHash>
+#include <QList>
 
 #include <functional>
 #include <memory>
@@ -48,6 +49,9 @@ public:
     void SetLamps(bool powerLit, bool onlineLit) override;
     StatusDisplay& Display() { return *display_; }
 
+    // A line of the status panel for news of the link ("Com3 went away: ..."); "" clears it.
+    void SetNote(const QString& text);
+
     void PortChanged(const std::string& port, const std::string& baud);
     void PortOpenOrClosed(const std::string& state);
     void KdxChanged(const std::string& word);
@@ -67,6 +71,8 @@ public:
     // What closing the main window does: the program's shutdown.
     void SetOnClose(std::function<void()> onClose) { onClose_ = std::move(onClose); }
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -76,6 +82,8 @@ private:
     QWidget* buildStatusBar();
     void disableUntilWired();
     void connectPanelButtons();
+    void listOpenWindows(QMenu* menu);
+    void placeOnOpen(QWidget* frame);
 
     QHash<QString, QAction*> actions_;
     QHash<QString, std::function<void()>> handlers_;
@@ -84,6 +92,8 @@ private:
     QLabel* lblStatusKdx_ = nullptr;
     QLabel* lblStatusPort_ = nullptr;
     QLabel* lblPortCurrent_ = nullptr;
+    QLabel* lblNote_ = nullptr;
+    QList<QAction*> windowEntries_; // the Window menu's list of open tool windows
     Lamp* power_ = nullptr;
     Lamp* online_ = nullptr;
     std::unique_ptr<StatusDisplay> display_;

@@ -1,5 +1,7 @@
 #include "FrmKdxDriverCallback.h"
 
+#include "FrmKdxToolSetPort.h"
+
 #include "core/ui/FocusKeeper.h"
 #include "core/ui/FrmDriverDebug.h"
 #include "core/ui/KorvalServices.h"
@@ -55,6 +57,14 @@ void FrmKdxDriverCallback::PrepareForSave() {
 void FrmKdxDriverCallback::TxtCallbackStatusReport_Change(const std::string& text) {
     auto& app = App();
     FocusKeeper focus;
+    if (text == KDX_REPORT_PORT_LOST) {
+        // Not a status: the port itself went, whoever owns the display just now.
+        statusReport_->setText("");
+        if (auto* setPort = app.Form<FrmKdxToolSetPort>("FrmKdxToolSetPort")) {
+            setPort->PortLost();
+        }
+        return;
+    }
     if (app.IsVisible("FrmKdxToolWizardSetup")) {
         return; // the wizard owns the controller: its display is not to be disturbed
     }

@@ -47,6 +47,7 @@ FrmKdxToolDetect::~FrmKdxToolDetect() {
 void FrmKdxToolDetect::DetectKdx() {
     auto& app = App();
     auto* autoDetect = app.mdi->Button("PicAutoDetect");
+    app.Form<FrmKdxToolSetPort>("FrmKdxToolSetPort")->EndPortWait();
     ShowWindow();
     autoDetect->showDown();
     autoDetect->setEnabled(false);
