@@ -11,6 +11,11 @@
 #include "link/ui/FrmKdxToolDetect.h"
 #include "link/ui/FrmKdxToolSetPort.h"
 #include "link/ui/LinkMenus.h"
+#include "motion/ui/FrmKdxToolAxisPositions.h"
+#include "motion/ui/FrmKdxToolQuickMoveMulti.h"
+#include "motion/ui/FrmKdxToolQuickMoveSingle.h"
+#include "motion/ui/FrmKdxToolVirtualJog.h"
+#include "motion/ui/MotionMenus.h"
 #include "scripts/ui/FrmKdxToolScriptEditor.h"
 #include "scripts/ui/FrmKdxToolTerminal.h"
 #include "scripts/ui/ScriptMenus.h"
@@ -36,6 +41,10 @@ const FormRow Rows[] = {
     {make<FrmDriverDebug>, ""},
     {make<FrmKdxToolDetect>, "Status: Auto-Detect Loaded"},
     {make<FrmKdxToolSetPort>, "", Placement::ToolBar},
+    {make<FrmKdxToolVirtualJog>, "Status: Virtual Jog Loaded"},
+    {make<FrmKdxToolQuickMoveSingle>, "Status: Single Axis QuickMove Loaded"},
+    {make<FrmKdxToolQuickMoveMulti>, "Status: Simultaneous Axis QuickMove Loaded"},
+    {make<FrmKdxToolAxisPositions>, "Status: Axis Positions Loaded"},
     {make<FrmKdxToolTerminal>, "Status: Terminal Loaded"},
     {make<FrmKdxToolScriptEditor>, "Status: Script Editor Loaded"},
     {bringOnline, ""},
@@ -43,7 +52,7 @@ const FormRow Rows[] = {
     {make<FrmKdxDriverRecovery>, "Status: Administrative Driver Tools Loaded"},
 };
 
-const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus};
+const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus, WireMotionMenus};
 
 } // namespace
 

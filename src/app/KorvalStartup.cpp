@@ -6,6 +6,8 @@
 #include "core/ui/MdiKorval.h"
 #include "link/LoadLibraries.h"
 #include "link/ui/FrmKdxToolSetPort.h"
+#include "motion/ui/FrmKdxToolQuickMoveMulti.h"
+#include "motion/ui/FrmKdxToolQuickMoveSingle.h"
 
 #include <QAction>
 #include <QApplication>
@@ -64,6 +66,9 @@ bool KorvalStartup::Main() {
     for (auto* form : app.forms) {
         app.classIniFile.ReadForm(form->Walked(), app.folders.settingsFile);
     }
+    // The QuickMove windows derive their displays from the restored advance per step.
+    app.Form<FrmKdxToolQuickMoveSingle>("FrmKdxToolQuickMoveSingle")->RunAdvStepHandlers();
+    app.Form<FrmKdxToolQuickMoveMulti>("FrmKdxToolQuickMoveMulti")->RunAdvStepHandlers();
 
     auto* mdi = app.mdi;
     mdi->show();

@@ -40,6 +40,7 @@ const std::vector<MenuEntry>& MenuTree() {
         {"MnuToolsAutoReverse", "AutoReverse", "MnuToolsQuickMove"},
         {"MnuToolsQuickMoveSingle", "Single Axis QuickMove", "MnuToolsQuickMove"},
         {"MnuToolsQuickMoveSimultaneous", "Simultaneous Axis QuickMove", "MnuToolsQuickMove"},
+        {"MnuToolsAxisPositions", "Axis Positions", "MnuToolsQuickMove"},
         {"MnuToolsTerminal", "Terminal", "MnuTools"},
         {"MnuToolsTroubleshooting", "Troubleshooting", "MnuTools"},
         {"MnuToolsDiagnostic", "KDX Diagnostic", "MnuToolsTroubleshooting"},

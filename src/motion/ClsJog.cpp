@@ -18,8 +18,8 @@ void ClsJog::PositiveJog(std::int32_t motor, std::int32_t speed, const KdxSink* 
     }
 }
 
-void ClsJog::StopJog() {
-    kdx_.StopProgram();
+std::int32_t ClsJog::StopJog() {
+    return kdx_.StopProgram();
 }
 
 void ClsJog::KillJog() {

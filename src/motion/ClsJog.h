@@ -16,8 +16,8 @@ public:
     // `target` receives the position as text while the jog runs; none for no live position.
     void NegativeJog(std::int32_t motor, std::int32_t speed, const KdxSink* target = nullptr);
     void PositiveJog(std::int32_t motor, std::int32_t speed, const KdxSink* target = nullptr);
-    void StopJog(); // with deceleration
-    void KillJog(); // at once
+    std::int32_t StopJog(); // with deceleration; the driver's result, 0 when nothing went out
+    void KillJog();         // at once
 
 private:
     ClsDriverKdx& kdx_;

@@ -36,14 +36,10 @@ std::optional<double> groupSteps(const std::string& box, double advance) {
 
 } // namespace
 
-bool AxisAvailable(std::int32_t motor, int axisCount) {
-    return motor >= 1 && motor <= axisCount;
-}
-
-QuickMoveOutcome PlanQuickMoveSingle(std::int32_t motor, int axisCount, std::string_view advStep,
-                                     std::string_view velocity, std::string_view distance,
-                                     QuickMoveDirection direction) {
-    if (!AxisAvailable(motor, axisCount)) {
+QuickMoveOutcome PlanQuickMoveSingle(std::int32_t motor, AxesPresent present,
+                                     std::string_view advStep, std::string_view velocity,
+                                     std::string_view distance, QuickMoveDirection direction) {
+    if (!present.Has(motor)) {
         return {QuickMoveRefusal::NoSuchAxis, {}};
     }
     // Each read as the fixed-point money type the windows use, four decimals.
@@ -63,30 +59,33 @@ QuickMoveOutcome PlanQuickMoveSingle(std::int32_t motor, int axisCount, std::str
     const auto m = std::to_string(motor);
     const auto head = "C,S" + m + "M" + StepsText(*v) + ",I" + m + "M";
     if (direction == QuickMoveDirection::Positive) {
-        return {QuickMoveRefusal::None, {head + StepsText(*d) + ",R", QuickMoveWait::None}};
+        return {QuickMoveRefusal::None,
+                {head + StepsText(*d) + ",R", QuickMoveWait::None, 0, {motor}}};
     }
-    return {QuickMoveRefusal::None,
-            {head + "-" + StepsText(*d) + ",", QuickMoveWait::RunAndWait, waitLimit(*v, *d)}};
+    return {
+        QuickMoveRefusal::None,
+        {head + "-" + StepsText(*d) + ",", QuickMoveWait::RunAndWait, waitLimit(*v, *d), {motor}}};
 }
 
-QuickMoveOutcome PlanQuickMoveSingle(AxisSet& axes, std::int32_t motor, int axisCount,
+QuickMoveOutcome PlanQuickMoveSingle(AxisSet& axes, std::int32_t motor, AxesPresent present,
                                      std::string_view velocity, std::string_view distance,
                                      QuickMoveDirection direction) {
     const auto* axis = axes.ByNumber(motor);
     if (axis == nullptr) {
         return {QuickMoveRefusal::NoSuchAxis, {}};
     }
-    return PlanQuickMoveSingle(motor, axisCount, axis->GetAdvStep(), velocity, distance, direction);
+    return PlanQuickMoveSingle(motor, present, axis->GetAdvStep(), velocity, distance, direction);
 }
 
 QuickMoveOutcome PlanQuickMoveMulti(const QuickMoveGroup& group1, const QuickMoveGroup& group2,
-                                    int axisCount) {
+                                    AxesPresent present) {
     std::string together;
+    std::vector<std::int32_t> motors;
     for (const auto* g : {&group2, &group1}) {
         if (!GroupTakesPart(g->chosen, g->distance)) {
             continue;
         }
-        if (!AxisAvailable(g->motor, axisCount)) {
+        if (!present.Has(g->motor)) {
             return {QuickMoveRefusal::NoSuchAxis, {}};
         }
         if (g->advance == 0 || !g->direction) {
@@ -103,11 +102,28 @@ QuickMoveOutcome PlanQuickMoveMulti(const QuickMoveGroup& group1, const QuickMov
         const auto m = std::to_string(g->motor);
         const auto sign = *g->direction == QuickMoveDirection::Negative ? "-" : "";
         together += "S" + m + "M" + StepsText(*v) + ",I" + m + "M" + sign + StepsText(*d) + ",";
+        motors.push_back(g->motor);
     }
-    return {QuickMoveRefusal::None, {"C,(" + together + "),R", QuickMoveWait::WhileBusy}};
+    return {QuickMoveRefusal::None,
+            {"C,(" + together + "),R", QuickMoveWait::WhileBusy, 0, std::move(motors)}};
 }
 
-void SendQuickMove(ClsDriverKdx& kdx, ClsTimeDelay& delay, const QuickMovePlan& plan) {
+std::string RefusalText(QuickMoveRefusal refusal) {
+    switch (refusal) {
+    case QuickMoveRefusal::None:
+        break;
+    case QuickMoveRefusal::NoSuchAxis:
+        return "The KDX does not drive that axis: nothing was sent.";
+    case QuickMoveRefusal::NothingToMove:
+        return "Nothing to move: the advance per step, the velocity or the distance is 0.";
+    case QuickMoveRefusal::TooLarge:
+        return "The velocity or the distance is too large: nothing was sent.";
+    }
+    return {};
+}
+
+void SendQuickMove(ClsDriverKdx& kdx, ClsTimeDelay& delay, const QuickMovePlan& plan,
+                   const std::function<bool()>& cancelled) {
     kdx.SendCommandsToPort(plan.commands);
     switch (plan.wait) {
     case QuickMoveWait::None:
@@ -121,7 +137,7 @@ void SendQuickMove(ClsDriverKdx& kdx, ClsTimeDelay& delay, const QuickMovePlan& 
             delay.context().runEvents(WaitContext::Clock::duration::zero());
             kdx.VerifyStatus();
             delay.TimeDelay(0.5);
-        } while (kdx.LastStatus == "BUSY");
+        } while (kdx.LastStatus == "BUSY" && !(cancelled && cancelled()));
         break;
     }
 }

@@ -2,13 +2,17 @@
 // The QuickMove windows' moves: a distance at a velocity in the user's units, turned into whole
 // motor steps through each axis's advance per step, and the exact command that makes the move.
 // One axis, or two at once between "(" and ")".
+#include "AxesPresent.h"
+
 #include "core/ClsTimeDelay.h"
 #include "link/ClsDriverKdx.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korval {
 
@@ -26,7 +30,8 @@ enum class QuickMoveWait {
 struct QuickMovePlan {
     std::string commands;
     QuickMoveWait wait = QuickMoveWait::None;
-    std::int32_t timeLimit = 0; // for RunAndWait
+    std::int32_t timeLimit = 0;       // for RunAndWait
+    std::vector<std::int32_t> motors; // the axes the command moves
 };
 
 enum class QuickMoveRefusal {
@@ -51,17 +56,15 @@ struct QuickMoveGroup {
     std::optional<QuickMoveDirection> direction; // none when neither option is set
 };
 
-// A motor the controller drives: 1 to its axis count.
-bool AxisAvailable(std::int32_t motor, int axisCount);
-
-// One axis: "C,S{m}M{v},I{m}M{d},R" for the positive arrow; "C,S{m}M{v},I{m}M-{d}," for the
-// negative one, which is then run and waited for. The advance is the axis's text.
-QuickMoveOutcome PlanQuickMoveSingle(std::int32_t motor, int axisCount, std::string_view advStep,
-                                     std::string_view velocity, std::string_view distance,
-                                     QuickMoveDirection direction);
+// One axis the controller drives: "C,S{m}M{v},I{m}M{d},R" for the positive arrow;
+// "C,S{m}M{v},I{m}M-{d}," for the negative one, which is then run and waited for. The advance is
+// the axis's text.
+QuickMoveOutcome PlanQuickMoveSingle(std::int32_t motor, AxesPresent present,
+                                     std::string_view advStep, std::string_view velocity,
+                                     std::string_view distance, QuickMoveDirection direction);
 
 // The same with the advance per step of that axis's record; an axis with no record is absent.
-QuickMoveOutcome PlanQuickMoveSingle(AxisSet& axes, std::int32_t motor, int axisCount,
+QuickMoveOutcome PlanQuickMoveSingle(AxisSet& axes, std::int32_t motor, AxesPresent present,
                                      std::string_view velocity, std::string_view distance,
                                      QuickMoveDirection direction);
 
@@ -69,10 +72,14 @@ QuickMoveOutcome PlanQuickMoveSingle(AxisSet& axes, std::int32_t motor, int axis
 // chosen with a distance that is a number other than 0; it adds nothing when its advance is 0,
 // its direction unset or its distance under a step. The sign comes from the direction alone.
 QuickMoveOutcome PlanQuickMoveMulti(const QuickMoveGroup& group1, const QuickMoveGroup& group2,
-                                    int axisCount);
+                                    AxesPresent present);
+
+// What the user is told of a refusal; empty for none.
+std::string RefusalText(QuickMoveRefusal refusal);
 
 // Sends the command and waits as the plan says. The wait while busy has no time limit of its own:
-// a controller that stops answering reports so, and that ends it.
-void SendQuickMove(ClsDriverKdx& kdx, ClsTimeDelay& delay, const QuickMovePlan& plan);
+// a controller that stops answering reports so, and that ends it; so does `cancelled`.
+void SendQuickMove(ClsDriverKdx& kdx, ClsTimeDelay& delay, const QuickMovePlan& plan,
+                   const std::function<bool()>& cancelled = {});
 
 } // namespace korval

@@ -1,6 +1,7 @@
 #include "QuickMoveUnits.h"
 
 #include "axis/ClsKdxAxis.h"
+#include "axis/FixedPointText.h"
 #include "core/Numbers.h"
 
 #include <cmath>
@@ -80,6 +81,13 @@ std::string StepsText(double steps) {
     char text[400];
     std::snprintf(text, sizeof text, "%.0f", steps);
     return text;
+}
+
+std::optional<Currency> AdvStepFromBox(std::string_view text) {
+    if (!IsNumeric(text)) {
+        return std::nullopt;
+    }
+    return ToFixedPoint(BoxValue(FormatUnits(BoxValue(text))));
 }
 
 bool GroupTakesPart(bool chosen, std::string_view distance) {

@@ -1,6 +1,8 @@
 #pragma once
 // Numbers of the QuickMove windows: their boxes, the advance per step, whole steps, and the
 // conversion of what a box shows when the axis or its advance per step changes.
+#include "core/Currency.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +23,10 @@ std::optional<double> WholeSteps(double value, double advance);
 
 // A whole number of steps in plain decimal, never with an exponent.
 std::string StepsText(double steps);
+
+// A typed advance per step as the axis keeps it: written with seven decimals, then held to the
+// fixed-point type's four. None for a box that is not a number: the axis keeps its advance.
+std::optional<Currency> AdvStepFromBox(std::string_view text);
 
 // A velocity and a distance box.
 struct VelDist {

@@ -39,16 +39,19 @@ TEST_F(StartupFixture, WithTheLibrariesInPlaceTheMainWindowComesUpWithEveryMenu)
     EXPECT_FALSE(app->splash->isVisible());
     EXPECT_TRUE(prompts.asked.empty()) << prompts.asked.front();
     for (const auto& e : MenuTree()) {
-        auto* action =
-            mdi->Menu(QString::fromLatin1(e.name.data(), static_cast<qsizetype>(e.name.size())));
+        const auto name = QString::fromLatin1(e.name.data(), static_cast<qsizetype>(e.name.size()));
+        auto* action = mdi->Menu(name);
         ASSERT_NE(action, nullptr) << e.name;
         if (e.caption != "-") {
             EXPECT_EQ(action->text().toStdString(), e.caption) << e.name;
         }
+        // A tool whose window does not exist yet is shown but cannot be clicked.
+        if (action->menu() == nullptr && !action->isSeparator()) {
+            EXPECT_EQ(action->isEnabled(), mdi->HasHandler(name)) << e.name;
+        }
     }
-    // A tool whose window does not exist yet is shown but cannot be clicked.
-    EXPECT_FALSE(mdi->Menu("MnuToolsVirtualJog")->isEnabled());
-    EXPECT_FALSE(mdi->Button("PicVirtualJog")->isEnabled());
+    EXPECT_TRUE(mdi->Menu("MnuToolsVirtualJog")->isEnabled());
+    EXPECT_TRUE(mdi->Button("PicVirtualJog")->isEnabled());
     EXPECT_TRUE(mdi->Menu("MnuToolsTerminal")->isEnabled());
     EXPECT_TRUE(mdi->Button("PicTerminal")->isEnabled());
     EXPECT_TRUE(mdi->Menu("MnuToolsAutoDetect")->isEnabled());

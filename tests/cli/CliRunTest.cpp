@@ -149,3 +149,63 @@ TEST(CliRun, PortsNameTheDeviceBehindEachNumber) {
     EXPECT_NE(out.find("Com7  " + real + "\n"), std::string::npos) << out;
     EXPECT_NE(out.find("Com9  " + dir.file("gone") + " (missing)\n"), std::string::npos) << out;
 }
+
+TEST(CliRun, AxesMoveAndTellWhereTheyStand) {
+    TempFolder dir;
+    const auto errors = dir.file("err");
+    const struct {
+        std::string args;
+        int status;
+        const char* out;
+        const char* message;
+    } cases[] = {
+        {"move 1 2000 400", 0, "1 400\n", ""},
+        {"move 2 2000 -150", 0, "2 -150\n", ""},
+        {"move 1 50.8 10.16 --units-per-step 0.0254", 0, "1 10.16\n", ""},
+        {"=arrangement=2+2 move 4 1500 -250 2 2000 400", 0, "2 400\n4 -250\n", ""},
+        {"=arrangement=2+1 move 1 20 4 --units-per-step=0.01 3 20 -2.5", 0, "1 4\n3 -2.5\n", ""},
+        {"move 3 2000 400", 2, "",
+         "korval-cli: axis 3 is not on this controller; nothing was sent"},
+        {"=arrangement=1+1 move 2 2000 400", 2, "", "korval-cli: axis 2 is not on this controller"},
+        {"move 1 2000 400 2 2000 400", 2, "", "korval-cli: two axes move together as one of"},
+        {"move 1 2000 0.4", 2, "", "korval-cli: Nothing to move"},
+        {"move 1 2000 400 --units-per-step 0.00004", 2, "", "korval-cli: --units-per-step takes"},
+        {"move 1 2000", 2, "", "korval-cli: move takes AXIS VELOCITY DISTANCE"},
+        {"move 0 2000 400", 2, "", "korval-cli: an axis is 1, 2, 3 or 4, not 0"},
+        {"position", 0, "1 0\n2 0\n", ""},
+        {"=arrangement=1+1 position", 0, "1 0\n3 0\n", ""},
+        {"position 2 --units-per-step 0.5", 0, "0\n", ""},
+        {"position 4", 2, "", "korval-cli: axis 4 is not on this controller"},
+        {"=silent=2 position 2", 1, "", "korval-cli: axis 2 does not answer"},
+        {"jog 3 + --speed 500 --seconds 1", 2, "", "korval-cli: axis 3 is not on this controller"},
+        {"jog 1 + --speed 7000 --seconds 1", 2, "", "korval-cli: --speed takes steps per second"},
+        {"jog 1 + --speed 500 --seconds 0", 2, "", "korval-cli: --seconds takes a time above 0"},
+        {"jog 1 up --speed 500 --seconds 1", 2, "", "korval-cli: jog takes AXIS +|- --speed V"},
+    };
+    for (const auto& c : cases) {
+        // "=OPTIONS move ..." gives the built-in controller options.
+        const auto r = run(cli(std::string("--sim") + (c.args[0] == '=' ? "" : " ") + c.args) +
+                           " 2>" + errors);
+        EXPECT_EQ(r.status, c.status) << c.args << ": " << slurp(errors);
+        EXPECT_EQ(r.out, c.out) << c.args;
+        if (*c.message == '\0') {
+            EXPECT_EQ(slurp(errors), "") << c.args;
+        } else {
+            EXPECT_EQ(slurp(errors).rfind(c.message, 0), 0u) << c.args << ": " << slurp(errors);
+        }
+    }
+}
+
+TEST(CliRun, AJogStopsWhenItsTimeIsUpOrAtAnInterrupt) {
+    const auto jogged = run(cli("--sim jog 2 - --speed 1000 --seconds 0.5"));
+    ASSERT_EQ(jogged.status, 0);
+    ASSERT_EQ(jogged.out.rfind("2 -", 0), 0u) << jogged.out;
+    EXPECT_GT(std::stol(jogged.out.substr(2)), -2000) << "stopped, not run on to the limit";
+
+    // Ctrl-C a minute early: the axis stops and says where.
+    const auto interrupted = run("sh -c '" + cli("--sim jog 1 + --speed 1000 --seconds 60") +
+                                 " & p=$!; sleep 1; kill -INT $p; wait $p'");
+    ASSERT_EQ(interrupted.status, 0);
+    ASSERT_EQ(interrupted.out.rfind("1 ", 0), 0u) << interrupted.out;
+    EXPECT_LT(std::stol(interrupted.out.substr(2)), 5000) << interrupted.out;
+}

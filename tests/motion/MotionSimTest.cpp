@@ -5,6 +5,7 @@
 #include "motion/AutoReverseActions.h"
 #include "motion/AutoReverseSetting.h"
 #include "motion/AutoReverseTeach.h"
+#include "motion/AxesPresent.h"
 #include "motion/KdxAutoReverseController.h"
 #include "motion/QuickMove.h"
 #include "sim/PtyHost.h"
@@ -13,6 +14,9 @@
 #include "link/ClsKdxCommands.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <mutex>
 
 using namespace korval;
 using namespace korval::testing;
@@ -81,6 +85,60 @@ TEST_F(MotionSim, AJogRunsUntilItIsStopped) {
     delay.TimeDelay(0.3);
     EXPECT_EQ(position(2), stoppedAt);
     EXPECT_EQ(position(1), 0) << "the other axis stayed";
+}
+
+TEST_F(MotionSim, AJogWritesItsPositionWhileItRunsAndOnceMoreWhereItStopped) {
+    online();
+    struct Seen {
+        std::mutex mutex;
+        std::vector<long> positions;
+    } seen;
+    const KdxSink target{&seen,
+                         [](void* context, const char* text, std::int32_t length) {
+                             auto& s = *static_cast<Seen*>(context);
+                             const std::lock_guard lock(s.mutex);
+                             s.positions.push_back(std::atol(std::string(text, length).c_str()));
+                         },
+                         0};
+    const auto written = [&seen] {
+        const std::lock_guard lock(seen.mutex);
+        return seen.positions;
+    };
+    jog.PositiveJog(1, 2000, &target);
+    delay.TimeDelay(0.7);
+    const auto running = written();
+    ASSERT_GE(running.size(), 3u) << "a position about every tenth of a second";
+    EXPECT_TRUE(std::is_sorted(running.begin(), running.end()));
+    EXPECT_GT(running.back(), running.front());
+    jog.StopJog();
+    EXPECT_EQ(settle(3), "ONLINEREADY");
+    delay.TimeDelay(0.3);
+    const auto stopped = written();
+    EXPECT_EQ(stopped.back(), position(1)) << "the last one is where it stopped";
+    delay.TimeDelay(0.3);
+    EXPECT_EQ(written().size(), stopped.size()) << "nothing more once it ended";
+}
+
+TEST_F(MotionSim, TheAxesAChainDrivesAreFoundByAskingEach) {
+    const struct {
+        const char* arrangement;
+        std::vector<int> there;
+    } cases[] = {{"arrangement=2", {1, 2}},
+                 {"arrangement=1+1", {1, 3}},
+                 {"arrangement=2+2", {1, 2, 3, 4}},
+                 {"arrangement=2,silent=2", {1}}};
+    const std::vector<std::int32_t> all{1, 2, 3, 4};
+    for (const auto& c : cases) {
+        online(c.arrangement);
+        const auto present = ProbeAxes(kdx, all);
+        for (const int motor : all) {
+            EXPECT_EQ(present.Has(motor), std::count(c.there.begin(), c.there.end(), motor) == 1)
+                << c.arrangement << " axis " << motor;
+        }
+        EXPECT_EQ(kdx.VerifyStatus(), "ONLINEREADY") << "asking leaves no error behind";
+        kdx.PortClose();
+        host.reset();
+    }
 }
 
 TEST_F(MotionSim, TeachByJoggingThenTestTheProgram) {

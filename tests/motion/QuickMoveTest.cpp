@@ -259,3 +259,55 @@ TEST(QuickMoveAxis, TheAxisEventKeepsTheStepsOfTheShownBoxes) {
     EXPECT_EQ(PlanQuickMoveSingle(axes, 2, 4, "1", "1", Pos).refusal, R::NothingToMove);
     EXPECT_EQ(PlanQuickMoveSingle(axes, 5, 8, "1", "1", Pos).refusal, R::NoSuchAxis);
 }
+
+TEST(QuickMoveAxes, OnlyTheAxesTheChainDrivesAreMoved) {
+    const auto oneAndThree = AxesPresent::Of({1, 3}); // two single-motor controllers
+    const struct {
+        std::int32_t motor;
+        AxesPresent present;
+        QuickMoveRefusal refusal;
+    } cases[] = {
+        {1, oneAndThree, R::None},
+        {2, oneAndThree, R::NoSuchAxis},
+        {3, oneAndThree, R::None},
+        {4, oneAndThree, R::NoSuchAxis},
+        {4, 4, R::None},
+        {3, 2, R::NoSuchAxis},
+        {2, AxesPresent(), R::NoSuchAxis},
+    };
+    for (const auto& c : cases) {
+        const auto out = PlanQuickMoveSingle(c.motor, c.present, "1", "2000", "400", Neg);
+        EXPECT_EQ(out.refusal, c.refusal) << c.motor;
+        EXPECT_EQ(out.plan.motors, c.refusal == R::None ? std::vector<std::int32_t>{c.motor}
+                                                        : std::vector<std::int32_t>{})
+            << c.motor;
+    }
+    const QuickMoveGroup g1{true, 1, 1, "2000", "400", Pos};
+    const QuickMoveGroup g2{true, 4, 1, "2000", "400", Pos};
+    EXPECT_EQ(PlanQuickMoveMulti(g1, g2, oneAndThree).refusal, R::NoSuchAxis);
+    const auto both = PlanQuickMoveMulti(g1, g2, 4);
+    EXPECT_EQ(both.plan.motors, (std::vector<std::int32_t>{4, 1})) << "in the command's order";
+    EXPECT_TRUE(
+        PlanQuickMoveMulti(g1, {true, 3, 0, "2000", "400", Pos}, AxesPresent::Of({1})).refusal ==
+        R::NoSuchAxis)
+        << "a group with nothing to add still needs its axis";
+}
+
+TEST(QuickMoveUnits, ATypedAdvancePerStepAsTheAxisKeepsIt) {
+    const struct {
+        const char* typed;
+        std::optional<const char*> kept;
+    } cases[] = {
+        {"0.0254", "0.0254"},    {"1,000.5", "1000.5"}, {"0.00004", "0"},
+        {"0.00005", "0"},        {"0.00015", "0.0002"}, {" 2 ", "2"},
+        {"-0.5", "-0.5"},        {"1e3", "1000"},       {"", std::nullopt},
+        {"0.5mm", std::nullopt}, {"abc", std::nullopt}, {"1e300", "922337203685477.5807"},
+    };
+    for (const auto& c : cases) {
+        const auto kept = AdvStepFromBox(c.typed);
+        ASSERT_EQ(kept.has_value(), c.kept.has_value()) << c.typed;
+        if (kept) {
+            EXPECT_EQ(kept->toText(), *c.kept) << c.typed;
+        }
+    }
+}

@@ -98,6 +98,23 @@ void drawSymbol(QPainter& p, const QRectF& r, Symbol s) {
         arrow(p, QPointF(c.x() - 0.5 * u, c.y()), QPointF(c.x() - 3.5 * u, c.y()), 1.3 * u);
         arrow(p, QPointF(c.x() + 0.5 * u, c.y()), QPointF(c.x() + 3.5 * u, c.y()), 1.3 * u);
         break;
+    case Symbol::MoveNegative:
+    case Symbol::MovePositive: {
+        p.setBrush(symbolColour(s));
+        const double tip = s == Symbol::MovePositive ? 3.5 * u : -3.5 * u;
+        p.drawPolygon(QPolygonF{{c.x() + tip, c.y()},
+                                {c.x() - tip * 0.6, c.y() - 3 * u},
+                                {c.x() - tip * 0.6, c.y() + 3 * u}});
+        break;
+    }
+    case Symbol::Help: {
+        QFont font = p.font();
+        font.setPixelSize(static_cast<int>(6.5 * u));
+        font.setBold(true);
+        p.setFont(font);
+        p.drawText(QRectF(c.x() - 4 * u, c.y() - 4 * u, 8 * u, 8 * u), Qt::AlignCenter, "?");
+        break;
+    }
     case Symbol::Terminal:
         p.drawRect(QRectF(c.x() - 3.5 * u, c.y() - 2.8 * u, 7 * u, 5.6 * u));
         p.drawLine(QPointF(c.x() - 2.2 * u, c.y() - 1 * u), QPointF(c.x() - 0.8 * u, c.y()));
