@@ -37,6 +37,7 @@ constexpr auto SettleCap = 1s;
 constexpr auto PollIdle = 300ms;
 // How the traffic view marks the driver's own items, apart from the program's text (">").
 constexpr char OwnItem = '#';
+constexpr const char* StopItem = "D,";
 constexpr int Bauds[] = {9600, 19200, 38400};
 
 void keepTail(std::string& text, std::size_t limit, std::size_t keep) {
@@ -238,10 +239,24 @@ void KdxDriver::closePort() {
     if (!io_) {
         return;
     }
+    bool jogging = false;
+    {
+        std::lock_guard lock(mutex_);
+        jogging = jogMotor_ != 0;
+    }
+    if (jogging) {
+        traffic(OwnItem, StopItem);
+    }
     QMetaObject::invokeMethod(
         context_,
-        [this] {
+        [this, jogging] {
             if (serial_ != nullptr) {
+                if (jogging) {
+                    // A jog runs until it is told to stop: closing the line must not leave it
+                    // running to the end of its travel.
+                    serial_->write(StopItem);
+                    serial_->waitForBytesWritten(200);
+                }
                 serial_->close();
                 delete serial_;
                 serial_ = nullptr;

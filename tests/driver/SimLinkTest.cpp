@@ -195,6 +195,18 @@ TEST_F(SimLink, AJogStreamsItsPositionUntilItIsStopped) {
     EXPECT_EQ(kdx.VerifyStatus(), "ONLINEREADY");
 }
 
+TEST_F(SimLink, ClosingThePortStopsAJogFirst) {
+    startSim();
+    online();
+    kdx.Table().JogNegative(2, 2000, nullptr);
+    delay.TimeDelay(0.3);
+    kdx.PortClose();
+    delay.TimeDelay(0.5); // the stop decelerates
+    bool moving = true;
+    host->withChain([&](sim::KdxChain& chain) { moving = chain.moving(2); });
+    EXPECT_FALSE(moving) << "the jog was stopped before the line closed";
+}
+
 TEST_F(SimLink, EveryArrangementGivesItsMotorCounts) {
     const struct {
         const char* options;
