@@ -11,6 +11,8 @@
 #include "link/ui/FrmKdxToolDetect.h"
 #include "link/ui/FrmKdxToolSetPort.h"
 #include "link/ui/LinkMenus.h"
+#include "motion/ui/AutoReverseMenus.h"
+#include "motion/ui/FrmKdxToolAutoReverse.h"
 #include "scripts/ui/FrmKdxToolScriptEditor.h"
 #include "scripts/ui/FrmKdxToolTerminal.h"
 #include "scripts/ui/ScriptMenus.h"
@@ -36,6 +38,7 @@ const FormRow Rows[] = {
     {make<FrmDriverDebug>, ""},
     {make<FrmKdxToolDetect>, "Status: Auto-Detect Loaded"},
     {make<FrmKdxToolSetPort>, "", Placement::ToolBar},
+    {make<FrmKdxToolAutoReverse>, "Status: Auto-Reverse Loaded"},
     {make<FrmKdxToolTerminal>, "Status: Terminal Loaded"},
     {make<FrmKdxToolScriptEditor>, "Status: Script Editor Loaded"},
     {bringOnline, ""},
@@ -43,7 +46,12 @@ const FormRow Rows[] = {
     {make<FrmKdxDriverRecovery>, "Status: Administrative Driver Tools Loaded"},
 };
 
-const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus};
+const MenuWiring Wirings[] = {
+    WireCoreMenus,
+    WireLinkMenus,
+    WireScriptMenus,
+    WireAutoReverseMenus,
+};
 
 } // namespace
 

@@ -24,6 +24,8 @@ enum class Symbol {
     CodeFormat,
     TestScript,
     SaveScript,
+    SaveToKdx,
+    Preview,
 };
 
 struct Picture {
