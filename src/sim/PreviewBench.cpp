@@ -87,6 +87,7 @@ struct PreviewBench::Follower {
     ProgramRunner::Waiting waiting = ProgramRunner::Waiting::Nothing;
     double waitBegan = 0;
     std::optional<PreviewMark> openWait;
+    bool answered = false;
     bool inputOn = false;
     long passes = 0;
     std::int64_t passBegan = 0;
@@ -96,6 +97,9 @@ struct PreviewBench::Follower {
     void look(bool point) {
         const double t = now();
         watchPasses();
+        if ((result.cycleSeconds && passes > options.cycles) || t >= options.longestTraced) {
+            stopTracing(t);
+        }
         watchWaits(t);
         if (!tracing) {
             return;
@@ -112,9 +116,6 @@ struct PreviewBench::Follower {
             }
             atSwitch[axis - 1] = onSwitch;
         }
-        if ((result.cycleSeconds && passes > options.cycles) || t >= options.longestTraced) {
-            stopTracing(t);
-        }
     }
 
     void watchPasses() {
@@ -129,35 +130,36 @@ struct PreviewBench::Follower {
         passBegan = runner.passBegan();
     }
 
-    // Each wait of the run is marked; the operator answers a wait for a button or an input.
+    // Each wait of the run is marked; the operator answers a wait for a button or an input so
+    // that the run goes on the moment the operator's time is up.
     void watchWaits(double t) {
-        const auto now = chain.runner().waitingFor();
-        if (inputOn && now != ProgramRunner::Waiting::Input1) {
+        using W = ProgramRunner::Waiting;
+        const auto state = chain.runner().waitingFor();
+        if (inputOn && (state != W::Input1 || answered)) {
             chain.setInput(1, false);
             inputOn = false;
         }
-        if (now != waiting) {
+        // Still waiting after an answer: the run came round to a wait of the same kind.
+        if (state != waiting || answered) {
             closeWait(t);
-            waiting = now;
+            waiting = state;
             waitBegan = t;
-            if (const auto kind = markOf(now); kind && tracing) {
+            answered = false;
+            if (const auto kind = markOf(state); kind && tracing) {
                 openWait = PreviewMark{*kind, 0, t, t, 0};
             }
         }
-        if (t - waitBegan + 1e-9 < options.operatorSeconds) {
+        const double look = secondsOf(LookMicros);
+        if (t + look - waitBegan + 1e-9 < options.operatorSeconds) {
             return;
         }
-        if (now == ProgramRunner::Waiting::RunButton) {
+        if (state == W::RunButton) {
             chain.pressRunButton();
-        } else if (now == ProgramRunner::Waiting::Input1 && !inputOn) {
+            answered = true;
+        } else if (state == W::Input1) {
             chain.setInput(1, true);
-            inputOn = true;
-        } else {
-            return;
+            inputOn = answered = true;
         }
-        // A wait that follows at once is a new one, with its own time to answer.
-        closeWait(t);
-        waiting = ProgramRunner::Waiting::Nothing;
     }
 
     void closeWait(double t) {
