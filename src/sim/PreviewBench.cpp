@@ -175,6 +175,9 @@ struct PreviewBench::Follower {
             return;
         }
         closeWait(t);
+        for (int axis = 1; axis <= 4; ++axis) {
+            traces[axis - 1].add(t, chain.carriage(axis));
+        }
         tracing = false;
         result.traced = t;
     }
