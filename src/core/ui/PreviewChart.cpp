@@ -92,7 +92,7 @@ QChart* MakePreviewChart(const sim::PreviewResult& r) {
     }
     for (const double side : {-travel, travel}) {
         auto* line = new QLineSeries();
-        line->append({{0, side}, {end, side}});
+        line->append({{0, side}, {x->max(), side}});
         line->setPen(QPen(QColor(190, 40, 40), 1.5, Qt::DashLine));
         line->setName("Limit switches");
         attach(*chart, line, x, y);

@@ -344,7 +344,12 @@ QGroupBox* FrmKdxToolAutoReverse::buildCode() {
         box->setFont(QFont("Monospace", 9));
         grid->addWidget(label(s.label, s.caption, f), row, 0, Qt::AlignTop);
         grid->addWidget(box, row, 1);
-        grid->setRowStretch(row, s.section == &AutoReverseSections::TxtOnline ? 0 : 1);
+        // The start and the return hold the most lines.
+        const bool longest = s.section == &AutoReverseSections::TxtHomeType ||
+                             s.section == &AutoReverseSections::TxtReturnType;
+        grid->setRowStretch(row, s.section == &AutoReverseSections::TxtOnline ? 0
+                                 : longest                                    ? 2
+                                                                              : 1);
         ++row;
     }
     f->findChild<QPlainTextEdit*>("TxtOnline")->setMaximumHeight(40);
