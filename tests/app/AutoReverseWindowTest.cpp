@@ -218,4 +218,3 @@ TEST_F(AutoReverseWindow, TheScriptEditorPreviewsItsScript) {
     EXPECT_EQ(words, "Total time: 0.50 s");
     EXPECT_EQ(stored(0), "");
 }
-
