@@ -11,6 +11,7 @@
 #include "link/ui/FrmKdxToolDetect.h"
 #include "link/ui/FrmKdxToolSetPort.h"
 #include "link/ui/LinkMenus.h"
+#include "motion/ui/FrmKdxToolAutoReverse.h"
 #include "motion/ui/FrmKdxToolAxisPositions.h"
 #include "motion/ui/FrmKdxToolQuickMoveMulti.h"
 #include "motion/ui/FrmKdxToolQuickMoveSingle.h"
@@ -41,6 +42,7 @@ const FormRow Rows[] = {
     {make<FrmDriverDebug>, ""},
     {make<FrmKdxToolDetect>, "Status: Auto-Detect Loaded"},
     {make<FrmKdxToolSetPort>, "", Placement::ToolBar},
+    {make<FrmKdxToolAutoReverse>, "Status: Auto-Reverse Loaded"},
     {make<FrmKdxToolVirtualJog>, "Status: Virtual Jog Loaded"},
     {make<FrmKdxToolQuickMoveSingle>, "Status: Single Axis QuickMove Loaded"},
     {make<FrmKdxToolQuickMoveMulti>, "Status: Simultaneous Axis QuickMove Loaded"},

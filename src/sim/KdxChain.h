@@ -59,12 +59,16 @@ public:
 
     // Read-outs for tests and the control console.
     long position(int axis) const { return motion_.position(axis); }
+    long carriage(int axis) const { return motion_.carriage(axis); }
     bool moving(int axis) const { return motion_.moving(axis); }
     std::string statusCode() const { return language_.statusCode(); }
     int outputMask() const { return runner_.outputs(); }
     int freeMemory(int program) const { return programs_.freeMemory(program); }
     int currentProgram() const { return programs_.current(); }
     bool running() const { return runner_.active(); }
+    const ProgramRunner& runner() const { return runner_; }
+    SimFault fault() const { return runner_.fault(); }
+    const std::vector<ProgramCommand>& code(int program) const { return programs_.code(program); }
     bool echo() const { return framing_.echo(); }
     bool online() const { return language_.online(); }
     const SimOptions& options() const { return options_; }

@@ -32,6 +32,10 @@ long KdxMotion::position(int axis) const {
     return validAxis(axis) ? std::lround(here(axis)) : 0;
 }
 
+long KdxMotion::carriage(int axis) const {
+    return validAxis(axis) ? std::lround(motor(axis).pos) : 0;
+}
+
 bool KdxMotion::moving(int axis) const {
     return validAxis(axis) && motor(axis).moving;
 }

@@ -17,6 +17,9 @@ public:
     KdxMotion(const SimOptions& options, const SettingsStore& settings, const BenchInputs& bench);
 
     long position(int axis) const;
+    // Where the carriage stands on the rig: steps from the place it started, whatever the
+    // controller has since called zero.
+    long carriage(int axis) const;
     bool moving(int axis) const;
     bool anyMoving() const;
     bool anyJogging() const;

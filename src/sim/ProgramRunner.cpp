@@ -35,7 +35,34 @@ void ProgramRunner::start(int program) {
     run_.active = true;
     run_.program = program;
     run_.code = programs_.code(program);
+    beginPass(true);
     step();
+}
+
+ProgramRunner::Waiting ProgramRunner::waitingFor() const {
+    if (!run_.active) {
+        return Waiting::Nothing;
+    }
+    if (run_.waitMotion != 0) {
+        return Waiting::Motion;
+    }
+    if (run_.pauseUntil >= 0) {
+        return Waiting::Pause;
+    }
+    switch (run_.waitUser) {
+    case UserWait::RunButton:
+        return Waiting::RunButton;
+    case UserWait::Input1:
+        return Waiting::Input1;
+    case UserWait::None:
+        break;
+    }
+    return Waiting::Nothing;
+}
+
+void ProgramRunner::beginPass(bool first) {
+    run_.passes = first ? 1 : run_.passes + 1;
+    run_.passBegan = now_;
 }
 
 void ProgramRunner::end() {
@@ -139,16 +166,19 @@ void ProgramRunner::execute(const ProgramCommand& cmd) {
     case ProgramOp::LoopMarker:
         run_.loopStart = run_.pc;
         run_.loopCount = 0;
+        beginPass(true);
         break;
     case ProgramOp::LoopCount:
         if (++run_.loopCount < cmd.value) {
             run_.pc = run_.loopStart;
+            beginPass(false);
         } else {
             run_.loopCount = 0;
         }
         break;
     case ProgramOp::LoopForever:
         run_.pc = run_.loopStart;
+        beginPass(false);
         break;
     }
 }

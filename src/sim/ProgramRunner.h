@@ -25,6 +25,15 @@ public:
     SimFault fault() const { return fault_; }
     int outputs() const { return outputs_; }
 
+    // What the run waits for now, for a watcher that follows it through time.
+    enum class Waiting { Nothing, Motion, Pause, RunButton, Input1 };
+    Waiting waitingFor() const;
+    int program() const { return run_.program; }
+    // Passes of the repeated part begun so far (the whole program is one pass until a loop
+    // marker), and when the present one began.
+    long passes() const { return run_.passes; }
+    std::int64_t passBegan() const { return run_.passBegan; }
+
     void start(int program);
     // Goes on until the run waits for time, motion or the user.
     void step();
@@ -51,12 +60,15 @@ private:
         int waitMotion = 0; // mask of axes the run waits for
         std::int64_t pauseUntil = -1;
         UserWait waitUser = UserWait::None;
+        long passes = 0;
+        std::int64_t passBegan = 0;
     };
 
     bool waiting();
     void execute(const ProgramCommand& cmd);
     void userWord(long word);
     void waitFor(int axis);
+    void beginPass(bool first);
     void end();
 
     const SimOptions& options_;

@@ -131,6 +131,18 @@ void drawSymbol(QPainter& p, const QRectF& r, Symbol s) {
         p.drawRect(QRectF(c.x() - 3 * u, c.y() - 3 * u, 6 * u, 6 * u));
         p.drawRect(QRectF(c.x() - 1.8 * u, c.y() - 3 * u, 3.6 * u, 2 * u));
         break;
+    case Symbol::SaveToKdx: // into the controller's memory: an arrow down into a chip
+        p.drawRect(QRectF(c.x() - 3 * u, c.y() + 0.5 * u, 6 * u, 2.5 * u));
+        arrow(p, QPointF(c.x(), c.y() - 3.5 * u), QPointF(c.x(), c.y() + 0.5 * u), 1.3 * u);
+        break;
+    case Symbol::Preview: // a motion against time, out and back
+        p.drawLine(QPointF(c.x() - 3.5 * u, c.y() + 3 * u),
+                   QPointF(c.x() + 3.5 * u, c.y() + 3 * u));
+        p.drawPolyline(QPolygonF{{c.x() - 3.5 * u, c.y() + 2 * u},
+                                 {c.x() - 1.5 * u, c.y() - 2.5 * u},
+                                 {c.x() + 0.5 * u, c.y() + 2 * u},
+                                 {c.x() + 2.5 * u, c.y() - 2.5 * u}});
+        break;
     }
 }
 

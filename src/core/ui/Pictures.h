@@ -27,6 +27,8 @@ enum class Symbol {
     CodeFormat,
     TestScript,
     SaveScript,
+    SaveToKdx,
+    Preview,
 };
 
 struct Picture {

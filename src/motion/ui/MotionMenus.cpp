@@ -1,5 +1,6 @@
 #include "MotionMenus.h"
 
+#include "FrmKdxToolAutoReverse.h"
 #include "FrmKdxToolAxisPositions.h"
 #include "FrmKdxToolQuickMoveMulti.h"
 #include "FrmKdxToolQuickMoveSingle.h"
@@ -48,11 +49,18 @@ void wireAxisPositions(MdiKorval& mdi) {
     mdi.SetHandler("MnuToolsAxisPositions", [positions] { positions->ShowWindow(); });
 }
 
+// The AutoReverse tool; the tool bar's button follows its entry.
+void wireAutoReverse(MdiKorval& mdi) {
+    auto* tool = App().Form<FrmKdxToolAutoReverse>("FrmKdxToolAutoReverse");
+    mdi.SetHandler("MnuToolsAutoReverse", [tool] { tool->ShowWindow(); });
+}
+
 } // namespace
 
 void WireMotionMenus(MdiKorval& mdi) {
     wireJogAndQuickMoves(mdi);
     wireAxisPositions(mdi);
+    wireAutoReverse(mdi);
 }
 
 } // namespace korval

@@ -8,6 +8,7 @@
 #include "core/ui/KorvalServices.h"
 #include "core/ui/Latin1.h"
 #include "core/ui/PictureButton.h"
+#include "core/ui/PreviewPanel.h"
 #include "scripts/ScriptText.h"
 
 #include <QApplication>
@@ -36,7 +37,9 @@ FrmKdxToolScriptEditor::FrmKdxToolScriptEditor()
     test_->setToolTip("Send the script to the KDX and run it");
     save_ = new PictureButton("PicSaveScript", Symbol::SaveScript, this);
     save_->setToolTip("Save the script to a file");
-    for (auto* b : {format_, test_, save_}) {
+    preview_ = new PictureButton("PicPreview", Symbol::Preview, this);
+    preview_->setToolTip("Preview the script's motion on a virtual controller");
+    for (auto* b : {format_, test_, save_, preview_}) {
         buttons->addWidget(b);
     }
     buttons->addStretch(1);
@@ -47,6 +50,7 @@ FrmKdxToolScriptEditor::FrmKdxToolScriptEditor()
     connect(format_, &PictureButton::pressed, this, [this] { PicCodeFormatButton_MouseDown(); });
     connect(test_, &PictureButton::pressed, this, [this] { PicTestScript_MouseDown(); });
     connect(save_, &PictureButton::pressed, this, [this] { PicSaveScript_MouseDown(); });
+    connect(preview_, &PictureButton::pressed, this, [this] { PicPreview_MouseDown(); });
     AskFormat = [this]() -> std::optional<bool> {
         FrmMsgBoxCodeFormat dialog(this);
         if (dialog.exec() != QDialog::Accepted) {
@@ -142,6 +146,20 @@ void FrmKdxToolScriptEditor::PicSaveScript_MouseDown() {
         app.prompts.Message("The script was not saved: " + file.LastError(), "Save KDX Script",
                             Prompts::Icon::Critical, Prompts::Buttons::Ok);
     }
+}
+
+void FrmKdxToolScriptEditor::PicPreview_MouseDown() {
+    preview_->showDown();
+    App().delay.TimeDelay(0.25);
+    preview_->showUp();
+    const auto text = Text();
+    // Sent as the test button sends it, to a controller that never leaves this program.
+    ShowPreviewDialog(this, "Script Preview", [text](const sim::PreviewOptions& options) {
+        sim::PreviewBench bench(options);
+        bench.send("C,");
+        bench.send(PlanScriptTest(text).text);
+        return PreviewPanel::Shown{bench.follow(1), {}};
+    });
 }
 
 } // namespace korval

@@ -26,6 +26,8 @@ public:
     void FormatCode(bool withComments);
     void PicTestScript_MouseDown();
     void PicSaveScript_MouseDown();
+    // The script's motion on a virtual controller, in a window over this one.
+    void PicPreview_MouseDown();
 
 private:
     void enableButtons(bool on);
@@ -34,6 +36,7 @@ private:
     PictureButton* format_;
     PictureButton* test_;
     PictureButton* save_;
+    PictureButton* preview_;
 };
 
 } // namespace korval
