@@ -1,5 +1,8 @@
 #include "FormRegistry.h"
 
+#include "axis/ui/AxisMenus.h"
+#include "axis/ui/FrmKdxToolSetAxis.h"
+#include "axis/ui/FrmKdxToolWizardSetup.h"
 #include "core/ui/CoreMenus.h"
 #include "core/ui/FrmDriverDebug.h"
 #include "core/ui/FrmKdxAdmin.h"
@@ -23,6 +26,10 @@ template <typename Window> FormBase* make() {
     return new Window();
 }
 
+template <int Axis> FormBase* makeAxis() {
+    return new FrmKdxToolSetAxis(Axis);
+}
+
 FormBase* bringOnline() {
     App().kdx.BringOnline(); // so that information windows read a live controller
     return nullptr;
@@ -34,8 +41,13 @@ const FormRow Rows[] = {
     {make<FrmMsgBox>, "Status: Messages Loaded", Placement::Hidden},
     {make<FrmKdxDriverCallback>, "", Placement::Hidden},
     {make<FrmDriverDebug>, ""},
+    {make<FrmKdxToolWizardSetup>, "Status: Wizard Loaded", Placement::Hidden},
     {make<FrmKdxToolDetect>, "Status: Auto-Detect Loaded"},
     {make<FrmKdxToolSetPort>, "", Placement::ToolBar},
+    {makeAxis<1>, "Status: Axis1 Loaded"},
+    {makeAxis<2>, "Status: Axis2 Loaded"},
+    {makeAxis<3>, "Status: Axis3 Loaded"},
+    {makeAxis<4>, "Status: Axis4 Loaded"},
     {make<FrmKdxToolTerminal>, "Status: Terminal Loaded"},
     {make<FrmKdxToolScriptEditor>, "Status: Script Editor Loaded"},
     {bringOnline, ""},
@@ -43,7 +55,7 @@ const FormRow Rows[] = {
     {make<FrmKdxDriverRecovery>, "Status: Administrative Driver Tools Loaded"},
 };
 
-const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus};
+const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus, WireAxisMenus};
 
 } // namespace
 

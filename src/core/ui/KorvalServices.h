@@ -8,6 +8,7 @@
 #include "axis/AxisSet.h"
 #include "core/ClsClassIniFile.h"
 #include "core/ClsIniFile.h"
+#include "core/Event.h"
 #include "core/ProgramFolders.h"
 #include "core/Prompts.h"
 #include "link/ClsDriverKdx.h"
@@ -46,6 +47,8 @@ public:
     // Above 0 while a diagnostic scan or a troubleshooter owns the line (see LineHold): the
     // terminal and the program's own pollers leave the port alone meanwhile.
     int lineHeld = 0;
+    // Raised by the detect window's abort: a set-up wizard that is searching ends.
+    Event<> DetectAborted;
 
     Prompts& prompts;
     ProgramFolders folders;

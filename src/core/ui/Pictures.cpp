@@ -15,6 +15,7 @@ QColor symbolColour(Symbol s) {
     case Symbol::Run:
     case Symbol::Online:
     case Symbol::TestScript:
+    case Symbol::TestMotor:
         return QColor(30, 140, 60);
     case Symbol::Stop:
     case Symbol::Abort:
@@ -42,7 +43,8 @@ void drawSymbol(QPainter& p, const QRectF& r, Symbol s) {
     p.setBrush(Qt::NoBrush);
     switch (s) {
     case Symbol::Run:
-    case Symbol::TestScript: {
+    case Symbol::TestScript:
+    case Symbol::TestMotor: {
         p.setBrush(symbolColour(s));
         QPolygonF tri{
             {c.x() - 2 * u, c.y() - 3 * u}, {c.x() + 3 * u, c.y()}, {c.x() - 2 * u, c.y() + 3 * u}};
@@ -113,6 +115,20 @@ void drawSymbol(QPainter& p, const QRectF& r, Symbol s) {
     case Symbol::SaveScript:
         p.drawRect(QRectF(c.x() - 3 * u, c.y() - 3 * u, 6 * u, 6 * u));
         p.drawRect(QRectF(c.x() - 1.8 * u, c.y() - 3 * u, 3.6 * u, 2 * u));
+        break;
+    case Symbol::Help: {
+        QFont font = p.font();
+        font.setPixelSize(static_cast<int>(6 * u));
+        font.setBold(true);
+        p.setFont(font);
+        p.drawText(QRectF(c.x() - 4 * u, c.y() - 4 * u, 8 * u, 8 * u), Qt::AlignCenter, "?");
+        break;
+    }
+    case Symbol::Back:
+        arrow(p, QPointF(c.x() + 3 * u, c.y()), QPointF(c.x() - 3 * u, c.y()), 2 * u);
+        break;
+    case Symbol::Next:
+        arrow(p, QPointF(c.x() - 3 * u, c.y()), QPointF(c.x() + 3 * u, c.y()), 2 * u);
         break;
     }
 }

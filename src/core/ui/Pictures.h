@@ -24,6 +24,10 @@ enum class Symbol {
     CodeFormat,
     TestScript,
     SaveScript,
+    Help,
+    TestMotor,
+    Back,
+    Next,
 };
 
 struct Picture {
