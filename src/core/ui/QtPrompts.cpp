@@ -37,16 +37,9 @@ QString QtFilter(const std::string& filter) {
     return filters.join(";;");
 }
 
-QWidget* QtPrompts::owner() const {
-    // A dialogue takes its owner's disabled state: while the main window is disabled (a
-    // wizard page is up) the dialogue stands on its own, or it could not be answered.
-    QWidget* parent = parent_();
-    return parent != nullptr && parent->isEnabled() ? parent : nullptr;
-}
-
 Prompts::Answer QtPrompts::Message(const std::string& text, const std::string& title, Icon icon,
                                    Buttons buttons) {
-    QMessageBox box(owner());
+    QMessageBox box(parent_());
     box.setWindowTitle(q(title));
     box.setText(q(text));
     box.setIcon(icon == Icon::Information ? QMessageBox::Information
@@ -62,7 +55,7 @@ Prompts::Answer QtPrompts::Message(const std::string& text, const std::string& t
 }
 
 std::optional<std::string> QtPrompts::fileDialog(const FileDialog& d, bool save) {
-    QFileDialog dialog(owner(), q(d.title), q(d.initialFolder), QtFilter(d.filter));
+    QFileDialog dialog(parent_(), q(d.title), q(d.initialFolder), QtFilter(d.filter));
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.selectFile(q(d.fileName));
@@ -81,7 +74,7 @@ std::optional<std::string> QtPrompts::SaveFile(const FileDialog& d) {
 std::string QtPrompts::InputBox(const std::string& prompt, const std::string& title) {
     bool ok = false;
     const auto answer =
-        QInputDialog::getText(owner(), q(title), q(prompt), QLineEdit::Normal, QString(), &ok);
+        QInputDialog::getText(parent_(), q(title), q(prompt), QLineEdit::Normal, QString(), &ok);
     return ok ? answer.toLatin1().toStdString() : std::string();
 }
 

@@ -21,7 +21,6 @@ public:
     std::string InputBox(const std::string& prompt, const std::string& title) override;
 
 private:
-    QWidget* owner() const;
     std::optional<std::string> fileDialog(const FileDialog& dialog, bool save);
     std::function<QWidget*()> parent_;
 };
