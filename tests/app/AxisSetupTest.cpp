@@ -7,6 +7,7 @@
 #include "core/ui/MdiKorval.h"
 #include "core/ui/PictureButton.h"
 #include "link/PortMap.h"
+#include "link/ui/FrmKdxDriverCallback.h"
 #include "link/ui/FrmKdxToolDetect.h"
 #include "sim/PtyHost.h"
 
@@ -119,11 +120,17 @@ TEST_F(AxisSetup, AFirstRunFindsTheControllerAndTakesTheUserThroughItsOneAxis) {
     startController("arrangement=1");
     std::vector<std::string> pages;
     bool mainDisabledOnEveryPage = true;
+    std::string reportDuringPage;
     prompts.answers = {Answer::Yes, Answer::Yes}; // the motor moved; keep the settings
     PageDriver user([&](FrmKdxToolWizardSetup& w, const std::string& instruction) {
         pages.push_back(instruction);
         mainDisabledOnEveryPage = mainDisabledOnEveryPage && !app->mdi->isEnabled();
         if (startsWith(instruction, "Select your motor manufacturer")) {
+            // The wizard owns the controller: a report leaves the panel alone, and stays.
+            auto& report = app->Form<FrmKdxDriverCallback>("FrmKdxDriverCallback")->StatusReport();
+            report.sink()->write(report.sink()->context, "J", 1);
+            QCoreApplication::processEvents();
+            reportDuringPage = app->mdi->LblStatusKdx()->text().toStdString() + "|" + report.text();
             w.CmbSetBy()->setCurrentIndex(1); // Superior
         } else if (startsWith(instruction, "Select your motor model")) {
             w.CmbMotorSetting()->setCurrentIndex(4); // M063: motor setting 4
@@ -139,6 +146,8 @@ TEST_F(AxisSetup, AFirstRunFindsTheControllerAndTakesTheUserThroughItsOneAxis) {
     ASSERT_TRUE(start());
     EXPECT_EQ(pages, std::vector<std::string>(std::begin(AxisOnePages), std::end(AxisOnePages)));
     EXPECT_TRUE(mainDisabledOnEveryPage);
+    EXPECT_EQ(reportDuringPage.substr(reportDuringPage.find('|')), "|J");
+    EXPECT_NE(reportDuringPage, "OFFLINEREADY|J");
     EXPECT_TRUE(app->mdi->isEnabled());
     EXPECT_TRUE(asked("Axis Settings Test: Did the motor appear to move properly?"));
     EXPECT_EQ(prompts.asked.back(), "Set-Up Wizard: KDX is now configured");
@@ -245,6 +254,8 @@ TEST_F(AxisSetup, AWizardEndedEarlyLeavesTheAxesAsTheyWere) {
         {"close box on page 2", [](FrmKdxToolWizardSetup& w) { w.close(); }, false, "Superior"},
         {"Cancel on page 2", [](FrmKdxToolWizardSetup& w) { w.PicCancel_MouseDown(); }, false,
          "Superior"},
+        {"the main window closed on page 2", [this](FrmKdxToolWizardSetup&) { app->mdi->close(); },
+         false, "Superior"},
         {"abort during the search", {}, true, "Vexta"},
     };
     for (const auto& c : cases) {
@@ -270,6 +281,7 @@ TEST_F(AxisSetup, AWizardEndedEarlyLeavesTheAxesAsTheyWere) {
         EXPECT_EQ(pages.size(), c.abortTheSearch ? 0u : 2u) << c.how;
         EXPECT_FALSE(asked("Set-Up Wizard: KDX is now configured")) << c.how;
         EXPECT_TRUE(app->mdi->isEnabled()) << c.how;
+        EXPECT_TRUE(app->mdi->isVisible()) << c.how << ": the program goes on";
         EXPECT_EQ(settings(1) + " " + settings(2), "0,1 0,1") << c.how;
         EXPECT_EQ(tool(1)->CmbSetBy()->currentText().toStdString(), c.axis1Make) << c.how;
         for (int axis = 1; axis <= 4; ++axis) {
