@@ -17,6 +17,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiSubWindow>
 #include <QRadioButton>
 #include <QTimer>
 
@@ -226,6 +227,13 @@ TEST_F(AxisSetup, TheAxisToolShowsTheControllerFollowsTheTestAndStopRestores) {
               ClsKdxAxis::FormatPosition(where))
         << "the box ends on where the axis stopped";
     EXPECT_TRUE(t->findChild<PictureButton*>("PicTestMotor")->isEnabled());
+
+    // Closed by the user: hidden, and its rows are kept at once for the next match.
+    t->SubWindow()->close();
+    EXPECT_FALSE(t->IsShown());
+    EXPECT_EQ(app->iniFile.ProfileGetItem("FrmKdxToolSetAxis2", "CmbMotorSetting.ListIndex", "",
+                                          settingsFile()),
+              std::to_string(t->CmbMotorSetting()->currentIndex()));
 }
 
 TEST_F(AxisSetup, LaterStartsSetTheThirdAndFourthAxisByThePossibleMotorCount) {

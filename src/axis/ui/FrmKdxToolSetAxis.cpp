@@ -2,6 +2,7 @@
 
 #include "CloseHold.h"
 #include "FrmKdxToolWizardSetup.h"
+#include "ListBoxes.h"
 
 #include "axis/AxisMatch.h"
 #include "axis/LimitList.h"
@@ -42,14 +43,6 @@ QLabel* label(const char* name, const char* text, QWidget* parent) {
     auto* l = new QLabel(text, parent);
     l->setObjectName(name);
     return l;
-}
-
-QStringList rows(const std::vector<std::string>& texts) {
-    QStringList out;
-    for (const auto& t : texts) {
-        out << Latin1(t);
-    }
-    return out;
 }
 
 int number(const std::string& text) {
@@ -130,11 +123,11 @@ FrmKdxToolSetAxis::FrmKdxToolSetAxis(int axis)
 
     // Load: this copy's axis selected, the lists filled, the first make and limit type chosen.
     opt_[axis - 1]->setChecked(true);
-    setBy_->addItems(rows(MotorMakeRows()));
+    setBy_->addItems(ListRows(MotorMakeRows()));
     setBy_->setToolTip(SetByTip);
-    fillMotorRows(MotorMake::Vexta);
+    FillMotorList(*motor_, MotorMake::Vexta);
     selectMotorRow(guard_.LastVextaIndex);
-    limits_->addItems(rows(LimitRows()));
+    limits_->addItems(ListRows(LimitRows()));
     selectLimitRow(0);
 
     connect(setBy_, &QComboBox::currentIndexChanged, this, [this] { CmbSetBy_Click(); });
@@ -165,13 +158,6 @@ ClsKdxAxis* FrmKdxToolSetAxis::record() const {
     return App().axes.ByNumber(axis_->currentIndex() + 1);
 }
 
-void FrmKdxToolSetAxis::fillMotorRows(MotorMake make) {
-    const QSignalBlocker quiet(motor_);
-    motor_->clear();
-    motor_->addItems(rows(MotorRows(make)));
-    motor_->setToolTip(Latin1(MotorRowsTip(make)));
-}
-
 void FrmKdxToolSetAxis::selectMotorRow(int row) {
     {
         const QSignalBlocker quiet(motor_);
@@ -195,7 +181,7 @@ void FrmKdxToolSetAxis::OptMotor_Click(int axis) {
 
 void FrmKdxToolSetAxis::CmbSetBy_Click() {
     const auto chosen = make();
-    fillMotorRows(chosen);
+    FillMotorList(*motor_, chosen);
     auto* rec = record();
     if (!IsShown() || rec == nullptr || AxisNumber < 1 || AxisNumber > 4) {
         selectMotorRow(-1); // nothing read: the make's last good model stands
@@ -249,7 +235,7 @@ void FrmKdxToolSetAxis::MatchAxisData(std::int32_t axis) {
     if (setBy_->currentIndex() != static_cast<int>(match.make)) {
         const QSignalBlocker quiet(setBy_);
         setBy_->setCurrentIndex(static_cast<int>(match.make));
-        fillMotorRows(match.make);
+        FillMotorList(*motor_, match.make);
     }
     selectMotorRow(match.motorRow);
     if (match.limitRow) {
@@ -358,7 +344,9 @@ bool FrmKdxToolSetAxis::eventFilter(QObject* watched, QEvent* event) {
     if (watched == SubWindow() && event->type() == QEvent::Close) {
         // Closed by the user: what the lists show is kept at once, for MatchAxisData to prefer.
         auto& app = App();
+        app.classIniFile.BeginBatch(); // the section is replaced in one write of the file
         app.classIniFile.WriteIni(Walked(), app.folders.settingsFile);
+        app.classIniFile.EndBatch();
     }
     return FormBase::eventFilter(watched, event);
 }

@@ -60,7 +60,6 @@ private:
     void CmbMotorSetting_Click();
     void CmbLimits_Click();
     void OptMotor_Click(int axis);
-    void fillMotorRows(MotorMake make);
     void selectMotorRow(int row);
     void selectLimitRow(int row);
     MotorMake make() const;

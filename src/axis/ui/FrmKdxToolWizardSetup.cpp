@@ -2,6 +2,7 @@
 
 #include "CloseHold.h"
 #include "FrmKdxToolSetAxis.h"
+#include "ListBoxes.h"
 
 #include "axis/LimitList.h"
 #include "axis/MotorList.h"
@@ -28,14 +29,6 @@ namespace {
 template <typename Widget> Widget* named(Widget* widget, const char* name) {
     widget->setObjectName(name);
     return widget;
-}
-
-QStringList rows(const std::vector<std::string>& texts) {
-    QStringList out;
-    for (const auto& t : texts) {
-        out << Latin1(t);
-    }
-    return out;
 }
 
 } // namespace
@@ -106,9 +99,9 @@ FrmKdxToolWizardSetup::FrmKdxToolWizardSetup()
     CentreOnScreen(*this);
 
     // Load: the make and the limit lists filled, their first rows chosen.
-    setBy_->addItems(rows(MotorMakeRows()));
+    setBy_->addItems(ListRows(MotorMakeRows()));
     setBy_->setToolTip(SetByTip);
-    limits_->addItems(rows(LimitRows()));
+    limits_->addItems(ListRows(LimitRows()));
     connect(setBy_, &QComboBox::currentIndexChanged, this, [this] { CmbSetBy_Click(); });
     CmbSetBy_Click();
     connect(back_, &PictureButton::pressed, this, [this] { PicBack_MouseDown(); });
@@ -143,9 +136,7 @@ void FrmKdxToolWizardSetup::RunWizard() {
 void FrmKdxToolWizardSetup::CmbSetBy_Click() {
     // The wizard's own list: a fixed first model, nothing read from the controller.
     const auto make = MotorMakeFromRow(setBy_->currentIndex()).value_or(MotorMake::Vexta);
-    motor_->clear();
-    motor_->addItems(rows(MotorRows(make)));
-    motor_->setToolTip(Latin1(MotorRowsTip(make)));
+    FillMotorList(*motor_, make);
     motor_->setCurrentIndex(FirstMotorRow(make));
 }
 
