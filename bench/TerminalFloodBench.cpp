@@ -18,6 +18,7 @@
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
+#include <fstream>
 
 namespace {
 
@@ -34,6 +35,9 @@ void BM_TerminalFlood38400(benchmark::State& state) {
     TempFolder folder;
     std::filesystem::create_directory_symlink(KORVAL_DRIVER_DIR, folder.file("Driver"));
     std::filesystem::create_directories(folder.file("Config"));
+    // A returning user: a first run would open the set-up wizard, which waits for its user.
+    std::ofstream(folder.file("Config/KORVAL Settings.ini"), std::ios::binary)
+        << "[Run]\r\nTimes=1\r\n";
     qputenv("KORVAL_PORTS", QByteArray::fromStdString(folder.file("ports")));
     PtyPeer peer(answerStatus([] { return std::string("R"); }));
     korval::PortMap().registerPort(1, peer.device());

@@ -1,5 +1,8 @@
 #include "FormRegistry.h"
 
+#include "axis/ui/AxisMenus.h"
+#include "axis/ui/FrmKdxToolSetAxis.h"
+#include "axis/ui/FrmKdxToolWizardSetup.h"
 #include "core/ui/CoreMenus.h"
 #include "core/ui/FrmDriverDebug.h"
 #include "core/ui/FrmKdxAdmin.h"
@@ -29,6 +32,10 @@ template <typename Window> FormBase* make() {
     return new Window();
 }
 
+template <int Axis> FormBase* makeAxis() {
+    return new FrmKdxToolSetAxis(Axis);
+}
+
 FormBase* bringOnline() {
     App().kdx.BringOnline(); // so that information windows read a live controller
     return nullptr;
@@ -40,8 +47,13 @@ const FormRow Rows[] = {
     {make<FrmMsgBox>, "Status: Messages Loaded", Placement::Hidden},
     {make<FrmKdxDriverCallback>, "", Placement::Hidden},
     {make<FrmDriverDebug>, ""},
+    {make<FrmKdxToolWizardSetup>, "Status: Wizard Loaded", Placement::Hidden},
     {make<FrmKdxToolDetect>, "Status: Auto-Detect Loaded"},
     {make<FrmKdxToolSetPort>, "", Placement::ToolBar},
+    {makeAxis<1>, "Status: Axis1 Loaded"},
+    {makeAxis<2>, "Status: Axis2 Loaded"},
+    {makeAxis<3>, "Status: Axis3 Loaded"},
+    {makeAxis<4>, "Status: Axis4 Loaded"},
     {make<FrmKdxToolAutoReverse>, "Status: Auto-Reverse Loaded"},
     {make<FrmKdxToolVirtualJog>, "Status: Virtual Jog Loaded"},
     {make<FrmKdxToolQuickMoveSingle>, "Status: Single Axis QuickMove Loaded"},
@@ -54,7 +66,8 @@ const FormRow Rows[] = {
     {make<FrmKdxDriverRecovery>, "Status: Administrative Driver Tools Loaded"},
 };
 
-const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus, WireMotionMenus};
+const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus, WireAxisMenus,
+                              WireMotionMenus};
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "KorvalStartup.h"
 
+#include "axis/ui/FrmKdxToolWizardSetup.h"
 #include "core/AtomicFile.h"
 #include "core/ClsClassIniFile.h"
 #include "core/ui/FrmKdxToolSplash.h"
@@ -73,10 +74,16 @@ bool KorvalStartup::Main() {
     auto* mdi = app.mdi;
     mdi->show();
     mdi->setEnabled(true);
+    auto* wizard = app.Form<FrmKdxToolWizardSetup>("FrmKdxToolWizardSetup");
+    auto* setPort = app.Form<FrmKdxToolSetPort>("FrmKdxToolSetPort");
     if (app.iniFile.CheckFirstRun(app.folders.settingsFile)) {
         app.kdx.BringOnline();
         app.splash->MakeTopMost(false);
         app.splash->hide();
+        wizard->RunWizard(); // it finds the controller itself
+    } else {
+        setPort->OpenRestoredPort(); // the motor count is the controller's to tell
+        wizard->Wizard().DetectPossibleNumOfMotors();
     }
     for (const char* name : AxisMenus) {
         const auto value = app.iniFile.ProfileGetItem(mdi->Name(), std::string(name) + ".Enabled",
@@ -86,7 +93,7 @@ bool KorvalStartup::Main() {
             mdi->Menu(name)->setEnabled(BooleanFromText(value));
         }
     }
-    app.Form<FrmKdxToolSetPort>("FrmKdxToolSetPort")->OpenRestoredPort();
+    setPort->OpenRestoredPort();
     app.delay.TimeDelay(0.1);
     app.splash->SetStatus("");
     app.splash->MakeTopMost(false);

@@ -7,8 +7,8 @@ namespace korval::cli {
 std::span<const CliCommand> AllCommands() {
     static const std::vector<CliCommand> all = [] {
         std::vector<CliCommand> commands;
-        for (const auto group :
-             {LinkCommands(), DiagnosticCommands(), MotionCommands(), AutoReverseCommands()}) {
+        for (const auto group : {LinkCommands(), DiagnosticCommands(), AxisCommands(),
+                                 MotionCommands(), AutoReverseCommands()}) {
             commands.insert(commands.end(), group.begin(), group.end());
         }
         return commands;

@@ -29,7 +29,7 @@ struct PerAxis {
 };
 
 constexpr PerAxis PerAxisSettings[] = {
-    {"getM", "setM", &Settings::motor, 0, 65535},      {"getL", "setL", &Settings::limit, -2, 2},
+    {"getM", "setM", &Settings::motor, 0, 6},          {"getL", "setL", &Settings::limit, -2, 2},
     {"getP", "setP", &Settings::pulseEvery, 0, 65535}, {"getjA", "setjA", &Settings::jogA, 0, 24},
     {"getJA", "setJA", &Settings::jog2A, 0, 24},       {"getj", "setj", &Settings::jog, 0, 6000},
     {"getJ", "setJ", &Settings::jog2, 0, 6000},

@@ -16,6 +16,7 @@
 
 #include <deque>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 
 namespace korval::test {
@@ -92,7 +93,15 @@ struct AppFixture : ::testing::Test {
         }
     }
 
+    // A returning user unless a test is about the first run, on which the set-up wizard starts
+    // and waits for its pages.
+    bool firstRun = false;
+
     bool start() {
+        if (!firstRun && std::filesystem::is_directory(folder.file("Config")) &&
+            !std::filesystem::exists(settingsFile())) {
+            std::ofstream(settingsFile(), std::ios::binary) << "[Run]\r\nTimes=1\r\n";
+        }
         freshDriver();
         program = std::make_unique<KorvalStartup>(prompts, FoldersFor(folder.path()));
         app = &program->services();

@@ -62,7 +62,7 @@ TEST_F(StartupFixture, WithTheLibrariesInPlaceTheMainWindowComesUpWithEveryMenu)
               QColor(255, 0, 0));
     EXPECT_FALSE(setPort()->ChkPortOpen()->isChecked());
     EXPECT_TRUE(setPort()->CmbSerialPort()->isEnabled());
-    EXPECT_EQ(readWholeFile(settingsFile()).value_or(""), "[Run]\r\nTimes=0\r\n");
+    EXPECT_EQ(readWholeFile(settingsFile()).value_or(""), "[Run]\r\nTimes=2\r\n");
 }
 
 TEST_F(StartupFixture, AMissingDriverIsLocatedOrTheProgramEnds) {
@@ -91,6 +91,7 @@ TEST_F(StartupFixture, AMissingDriverIsLocatedOrTheProgramEnds) {
 }
 
 TEST_F(StartupFixture, SettingsSurviveARestartAndCountTheRuns) {
+    firstRun = true;
     withDriverFolder();
     withConfig();
     ASSERT_TRUE(start());

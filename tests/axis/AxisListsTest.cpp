@@ -1,10 +1,17 @@
+#include "ScriptedPrompts.h"
 #include "axis/AxisMatch.h"
 #include "axis/LimitList.h"
+#include "axis/MotorConfigsDocument.h"
 #include "axis/MotorList.h"
+
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 using namespace korval;
+using korval::testing::ScriptedPrompts;
 
 namespace {
 constexpr MotorMake Makes[] = {MotorMake::Vexta, MotorMake::Superior, MotorMake::MotorSetting};
@@ -141,4 +148,23 @@ TEST(MatchAxisChoice, ASilentControllerKeepsTheShownMakeAndSelectsNoModel) {
     const auto m = MatchAxisChoice(0, 0, MotorMake::Superior, -1, -1);
     EXPECT_EQ(m.make, MotorMake::Superior);
     EXPECT_TRUE(IsBlankMotorRow(m.make, m.motorRow));
+}
+
+TEST(MotorConfigsDocument, TheCopyBesideTheProgramOpensOtherwiseTheUserLocatesOne) {
+    TempFolder dir;
+    const auto folder = dir.path() + "/";
+    ScriptedPrompts prompts;
+    EXPECT_EQ(MotorConfigsDocument(folder, prompts), std::nullopt) << "cancelled";
+    ASSERT_EQ(prompts.shown,
+              std::vector<std::string>{"open Locate 'All Possible Motor Configs.ini'"});
+    EXPECT_EQ(prompts.dialogs.at(0).filter, "Motor Files (*.ini)|*.ini|");
+    EXPECT_EQ(prompts.dialogs.at(0).initialFolder, folder);
+    EXPECT_EQ(prompts.dialogs.at(0).fileName, "All Possible Motor Configs.ini");
+    prompts.files = {"/elsewhere/motors.ini"};
+    EXPECT_EQ(MotorConfigsDocument(folder, prompts), "/elsewhere/motors.ini");
+
+    std::ofstream(folder + "All Possible Motor Configs.ini") << "[Setting 0]\n";
+    prompts.shown.clear();
+    EXPECT_EQ(MotorConfigsDocument(folder, prompts), folder + "All Possible Motor Configs.ini");
+    EXPECT_TRUE(prompts.shown.empty()) << "nothing asked";
 }

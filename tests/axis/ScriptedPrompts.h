@@ -15,6 +15,8 @@ struct ScriptedPrompts final : Prompts {
     std::deque<Answer> answers;
     std::vector<std::string> shown;
     std::vector<Icon> icons;
+    std::deque<std::string> files;
+    std::vector<FileDialog> dialogs;
 
     ScriptedPrompts& answer(std::initializer_list<Answer> list) {
         answers.insert(answers.end(), list);
@@ -35,7 +37,17 @@ struct ScriptedPrompts final : Prompts {
         answers.pop_front();
         return a;
     }
-    std::optional<std::string> OpenFile(const FileDialog&) override { return std::nullopt; }
+    // Each open dialogue as "open TITLE", answered by the next of `files` (cancelled when none).
+    std::optional<std::string> OpenFile(const FileDialog& d) override {
+        shown.push_back("open " + d.title);
+        dialogs.push_back(d);
+        if (files.empty()) {
+            return std::nullopt;
+        }
+        const auto f = files.front();
+        files.pop_front();
+        return f;
+    }
     std::optional<std::string> SaveFile(const FileDialog&) override { return std::nullopt; }
     std::string InputBox(const std::string&, const std::string&) override { return {}; }
 };

@@ -1,6 +1,7 @@
 // The wizard through the real driver and the virtual controller: the driver's probe decides the
 // arrangement, and each axis's test page runs the real motor test, whose kept settings end up
 // in the controller.
+#include "FakeDriver.h"
 #include "ScriptedPrompts.h"
 #include "SimLink.h"
 #include "axis/AxisSet.h"
@@ -43,7 +44,7 @@ struct BenchWindows final : WizardMenus, WizardDialogue {
         loaded.push_back(a);
     }
     PageEnd ShowPage(WizardPage page, const std::string&) override {
-        if (page != WizardPage::Test) {
+        if (page != WizardPage::Test || !testMotors) {
             return PageEnd::Next;
         }
         const auto result = test.Run(*axes.ByNumber(axis), axis, MotorMake::MotorSetting, axis + 1,
@@ -54,6 +55,18 @@ struct BenchWindows final : WizardMenus, WizardDialogue {
     void HideAxisTool(int) override {}
     void SetMainWindowEnabled(bool) override {}
     QuietView view;
+    bool testMotors = true;
+
+    // The axes whose two menus are on, as "1-3-"; "x" where the two differ.
+    std::string axisMenus() {
+        std::string out;
+        for (int a = 1; a <= 4; ++a) {
+            const bool set = menus["MnuToolsSetUpAxis" + std::to_string(a)];
+            const bool attached = menus["MnuToolsSetUpAttachedAxis" + std::to_string(a)];
+            out += set != attached ? 'x' : set ? static_cast<char>('0' + a) : '-';
+        }
+        return out;
+    }
 };
 
 struct WizardSim : SimLink {
@@ -80,4 +93,70 @@ TEST_F(WizardSim, ThreeCertainAxesAndADoubtfulFourthEndWithTheKeptSettingsInTheC
     EXPECT_EQ(query("getL1M,"), "0\r");
     EXPECT_EQ(wizard.StoredMotorSettings, (std::array<std::int32_t, 4>{2, 3, 4, -1}))
         << "the silent axis reads as the driver's no-answer";
+}
+
+// Every arrangement the driver can tell, from the chain itself: the code it derives, the questions
+// the wizard puts (answered by script), the menus it leaves on and the axes it takes the user
+// through. The wizard's own pauses pass at once here; the line keeps its real time.
+TEST_F(WizardSim, EachChainLeadsToItsArrangementQuestionsMenusAndAxes) {
+    const std::string first = "Axis Setup: Do you have a motor 2 on the 1st KDX?";
+    const std::string second = "Axis Setup: Do you have a motor 2 on the 2nd KDX?";
+    const auto onAxis = [](int a) {
+        return "Axis Setup: Do you have a motor connected to axis " + std::to_string(a) + "?";
+    };
+    const std::string cabling = "Error: KDX Connections: KORVAL has determined that you have a "
+                                "KDX3, but is connected incorrectly";
+    const struct {
+        const char* options;
+        int possible, code;
+        std::vector<Prompts::Answer> answers;
+        std::vector<std::string> asked;
+        const char* menus;
+        std::vector<int> visited;
+    } cases[] = {
+        {"arrangement=1", 2, 1, {}, {}, "1---", {1}},
+        {"arrangement=2", 2, 2, {}, {}, "12--", {1, 2}},
+        {"arrangement=2+1", 4, 3, {}, {}, "123-", {1, 2, 3}},
+        {"arrangement=2+2", 4, 4, {}, {}, "123-", {1, 2, 3, 4}},
+        {"arrangement=1+1", 4, 11, {}, {}, "1-3-", {1, 3}},
+        {"arrangement=1+2", 4, -3, {}, {cabling}, "1-34", {1, 3, 4}},
+        {"arrangement=2,silent=2", 2, 0, {Yes}, {first}, "123-", {1, 2}},
+        {"arrangement=2+1,silent=2", 4, 101, {No}, {first}, "1-3-", {1, 3}},
+        {"arrangement=2+2,silent=2", 4, 102, {Yes}, {first}, "123-", {1, 2, 3, 4}},
+        {"arrangement=1+2,silent=4", 4, 103, {Yes}, {second}, "1--4", {1, 3, 4}},
+        {"arrangement=2+2,silent=4", 4, 104, {No}, {second}, "1234", {1, 2, 3}},
+        {"arrangement=2+2,silent=24", 4, 105, {No, Yes}, {first, second}, "1-34", {1, 3, 4}},
+        {"silent=1", 2, 64, {Yes}, {onAxis(2)}, "12--", {1, 2}},
+        {"arrangement=2+2,silent=1",
+         4,
+         64,
+         {No, Yes, No},
+         {onAxis(2), onAxis(3), onAxis(4)},
+         "1-3-",
+         {1, 3}},
+    };
+    VirtualClock pauses;
+    ClsTimeDelay quick{pauses};
+    windows.testMotors = false;
+    for (const auto& c : cases) {
+        startSim(c.options);
+        prompts = ScriptedPrompts{};
+        prompts.answers.assign(c.answers.begin(), c.answers.end());
+        windows.menus.clear();
+        windows.loaded.clear();
+        ClsKdxWizard run{kdx, quick, prompts, windows, windows};
+        run.RunWizard();
+        auto asked = c.asked;
+        asked.push_back("Set-Up Wizard: KDX is now configured");
+        std::vector<std::string> shown;
+        for (const auto& box : prompts.shown) {
+            shown.push_back(box.substr(0, box.find("\r\n")));
+        }
+        EXPECT_EQ(run.PossibleMotors, c.possible) << c.options;
+        EXPECT_EQ(run.ActualCode, c.code) << c.options;
+        EXPECT_EQ(shown, asked) << c.options;
+        EXPECT_EQ(windows.axisMenus(), c.menus) << c.options;
+        EXPECT_EQ(windows.loaded, c.visited) << c.options;
+        TearDown();
+    }
 }

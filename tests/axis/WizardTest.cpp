@@ -2,6 +2,7 @@
 // reports, the questions put, the menus left on and the axes taken through the pages.
 #include "FakeDriver.h"
 #include "ScriptedPrompts.h"
+#include "axis/AbsentAxisControls.h"
 #include "axis/ClsKdxWizard.h"
 
 #include <gtest/gtest.h>
@@ -347,4 +348,29 @@ TEST(WizardTestPage, OnlyAKeptTestEndsThePageForward) {
                          MotorTestOutcome::NotStarted}) {
         EXPECT_EQ(ClsKdxWizard::AfterTest(o), PageEnd::TestNotKept);
     }
+}
+
+TEST(AbsentAxisControls, OnlyTheAxesLeftWithoutAMenuLoseTheirControlsInTheMotionTools) {
+    const struct {
+        std::vector<int> on;
+        std::vector<std::string> off; // "form control"
+    } cases[] = {
+        {{2, 3, 4}, {}},
+        {{2, 3},
+         {"FrmKdxToolAutoReverse OptMotor4", "FrmKdxToolQuickMoveSingle OptMotor4",
+          "FrmKdxToolQuickMoveSingle FrameAdvStep4", "FrmKdxToolVirtualJog OptMotor4"}},
+        {{3, 4},
+         {"FrmKdxToolAutoReverse OptMotor2", "FrmKdxToolQuickMoveSingle OptMotor2",
+          "FrmKdxToolQuickMoveSingle FrameAdvStep2", "FrmKdxToolVirtualJog OptMotor2"}},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> off;
+        for (const auto& fc : ControlsOfAbsentAxes([&](int axis) {
+                 return std::find(c.on.begin(), c.on.end(), axis) != c.on.end();
+             })) {
+            off.push_back(fc.form + " " + fc.control);
+        }
+        EXPECT_EQ(off, c.off);
+    }
+    EXPECT_EQ(ControlsOfAbsentAxes([](int) { return false; }).size(), 12u);
 }

@@ -23,6 +23,12 @@ TEST(CliRun, ExitStatusesAndMessages) {
         {"--sim --baud 19200 info processor", 1,
          "korval-cli: warning: the controller does not answer the status query"},
         {"--sim diag --output /nonexistent/folder/r", 1, "korval-cli: cannot write the report"},
+        {"--sim axis 5", 2, "korval-cli: axis takes an axis number from 1 to 4 first"},
+        {"--sim axis 1 --motor-setting 7 --test", 2, "korval-cli: --motor-setting takes a motor"},
+        {"--sim axis 1 --limit-setting 3 --test", 2, "korval-cli: --limit-setting takes a limit"},
+        {"--sim axis 1 --keep", 2, "korval-cli: settings are written only by a motor test"},
+        {"--sim=arrangement=1 axis 2", 1, "korval-cli: axis 2 gives no motor setting"},
+        {"--sim wizard --answer maybe", 2, "korval-cli: --answer takes yes or no"},
     };
     for (const auto& c : cases) {
         const auto r = run(cli(c.args) + " 2>" + errors);
@@ -172,4 +178,37 @@ TEST(CliRun, AJogStopsWhenItsTimeIsUpOrAtAnInterrupt) {
     ASSERT_EQ(interrupted.status, 0);
     ASSERT_EQ(interrupted.out.rfind("1 ", 0), 0u) << interrupted.out;
     EXPECT_LT(std::stol(interrupted.out.substr(2)), 5000) << interrupted.out;
+}
+
+// The set-up commands through the same rules as the windows, on the built-in controller.
+TEST(CliRun, TheWizardAndTheAxisCommandsReportWhatTheWindowsWouldShow) {
+    TempFolder dir;
+    const auto errors = dir.file("err");
+    const std::string slide = "motor setting 0, limit setting 1 (Tavrin Slide)\n";
+    const auto wizard = run(cli("--sim=arrangement=2+2,silent=4 wizard --answer no 2>" + errors));
+    EXPECT_EQ(wizard.status, 0);
+    EXPECT_EQ(wizard.out, "Possible motors: 4\n"
+                          "Arrangement code: 104 (axes 1, 2 and 3 certain, axis 4 in doubt)\n"
+                          "Axis menus on: 1 2 3 4\n"
+                          "Axis 1: " +
+                              slide + "Axis 2: " + slide + "Axis 3: " + slide);
+    EXPECT_NE(slurp(errors).find("Axis Setup: Do you have a motor 2 on the 2nd KDX? no\n"
+                                 "Set-Up Wizard: KDX is now configured\n"),
+              std::string::npos);
+
+    const auto unanswered = run(cli("--sim=arrangement=2,silent=2 wizard </dev/null 2>" + errors));
+    EXPECT_EQ(unanswered.status, 2);
+    EXPECT_NE(slurp(errors).find("korval-cli: no answer for \"Axis Setup: Do you have a motor 2 "
+                                 "on the 1st KDX?\""),
+              std::string::npos);
+
+    const auto kept =
+        run(cli("--sim axis 2 --motor-setting 3 --limit-setting 0 --test --keep 2>/dev/null"));
+    EXPECT_EQ(kept.status, 0);
+    EXPECT_EQ(kept.out, "Axis 2: " + slide + "Position: 400\nPosition: 0\n" +
+                            "Kept: motor setting 3 (Vexta PK264-03), limit setting 0 " +
+                            "(Auto-Detect)\n");
+    const auto tried = run(cli("--sim axis 2 --motor-setting 5 --test </dev/null 2>/dev/null"));
+    EXPECT_EQ(tried.status, 0);
+    EXPECT_EQ(tried.out, "Axis 2: " + slide + "Position: 400\nPosition: 0\nRestored: " + slide);
 }

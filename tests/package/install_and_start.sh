@@ -83,11 +83,16 @@ wait_for '[ -L "$work/ports/Com1" ]' || fail "kdx-sim did not make itself Com1"
 echo show >&3
 wait_for 'grep -q "^status J" "$work/sim.out"' || fail "kdx-sim did not go off line"
 
+# A returning user: a first run would open the set-up wizard, which waits for its user.
+settings=$home/.config/korval/KORVAL\ Settings.ini
+mkdir -p "$home/.config/korval"
+printf '[Run]\r\nTimes=1\r\n' > "$settings"
+[ ${#as_user[@]} -eq 0 ] || chown -R nobody:nogroup "$home/.config"
 "${as_user[@]}" "$program/korval" > "$work/korval.out" 2>&1 &
 korval=$!
 pids+=($korval)
-settings=$home/.config/korval/KORVAL\ Settings.ini
-wait_for '[ -s "$settings" ]' || { cat "$work/korval.out" >&2; fail "no settings in ~/.config/korval"; }
+wait_for 'grep -q "Times=2" "$settings"' ||
+    { cat "$work/korval.out" >&2; fail "no settings in ~/.config/korval"; }
 [ ! -e "$program/Config" ] || fail "settings were written into the program's folder"
 on_line() {
     echo show >&3

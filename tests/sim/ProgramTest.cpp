@@ -36,13 +36,14 @@ TEST(SimSettings, SettingsReadBackAtOnceAndSurvivePowerOnlyThroughRsm) {
 }
 
 TEST(SimSettings, OutOfRangeSettingsAreDroppedAndTheOldValueStays) {
-    const char* bad[] = {"setjA1M25,", "setj1M6001,", "setL1M3,", "setL1M-3,",
-                         "setDM256,",  "setI9999,",   "setjA1M,", "setjA1Mx,"};
+    const char* bad[] = {"setjA1M25,", "setj1M6001,", "setL1M3,",  "setL1M-3,", "setDM256,",
+                         "setI9999,",  "setjA1M,",    "setjA1Mx,", "setM1M7,",  "setM1M-1,"};
+    const char* read = "getjA1M,getj1M,getL1M,getDM,getI,getM1M,";
     for (const char* b : bad) {
         KdxChain chain;
-        const std::string before = ask(chain, "getjA1M,getj1M,getL1M,getDM,getI,");
+        const std::string before = ask(chain, read);
         EXPECT_EQ(ask(chain, b), "") << b;
-        EXPECT_EQ(ask(chain, "getjA1M,getj1M,getL1M,getDM,getI,"), before) << b;
+        EXPECT_EQ(ask(chain, read), before) << b;
     }
 }
 

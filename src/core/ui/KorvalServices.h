@@ -49,6 +49,8 @@ public:
     // Above 0 while a diagnostic scan or a troubleshooter owns the line (see LineHold): the
     // terminal and the program's own pollers leave the port alone meanwhile.
     int lineHeld = 0;
+    // Raised by the detect window's abort: a set-up wizard that is searching ends.
+    Event<> DetectAborted;
 
     Prompts& prompts;
     ProgramFolders folders;

@@ -15,6 +15,7 @@ QColor symbolColour(Symbol s) {
     case Symbol::Run:
     case Symbol::Online:
     case Symbol::TestScript:
+    case Symbol::TestMotor:
         return QColor(30, 140, 60);
     case Symbol::Stop:
     case Symbol::Abort:
@@ -42,7 +43,8 @@ void drawSymbol(QPainter& p, const QRectF& r, Symbol s) {
     p.setBrush(Qt::NoBrush);
     switch (s) {
     case Symbol::Run:
-    case Symbol::TestScript: {
+    case Symbol::TestScript:
+    case Symbol::TestMotor: {
         p.setBrush(symbolColour(s));
         QPolygonF tri{
             {c.x() - 2 * u, c.y() - 3 * u}, {c.x() + 3 * u, c.y()}, {c.x() - 2 * u, c.y() + 3 * u}};
@@ -142,6 +144,12 @@ void drawSymbol(QPainter& p, const QRectF& r, Symbol s) {
                                  {c.x() - 1.5 * u, c.y() - 2.5 * u},
                                  {c.x() + 0.5 * u, c.y() + 2 * u},
                                  {c.x() + 2.5 * u, c.y() - 2.5 * u}});
+        break;
+    case Symbol::Back:
+        arrow(p, QPointF(c.x() + 3 * u, c.y()), QPointF(c.x() - 3 * u, c.y()), 2 * u);
+        break;
+    case Symbol::Next:
+        arrow(p, QPointF(c.x() - 3 * u, c.y()), QPointF(c.x() + 3 * u, c.y()), 2 * u);
         break;
     }
 }

@@ -29,6 +29,9 @@ enum class Symbol {
     SaveScript,
     SaveToKdx,
     Preview,
+    TestMotor,
+    Back,
+    Next,
 };
 
 struct Picture {

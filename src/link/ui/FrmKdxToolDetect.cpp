@@ -38,10 +38,13 @@ FrmKdxToolDetect::FrmKdxToolDetect() : FormBase("FrmKdxToolDetect", "KDX Detect"
         status_->setText(Latin1(t));
         status_->repaint();
     });
+    kdxChanged_ = App().kdx.KdxChanged.subscribe(
+        [this](const std::string& word) { CommunicationsLost = word == "ERRORCOMMUNICATIONS"; });
 }
 
 FrmKdxToolDetect::~FrmKdxToolDetect() {
     progress_->setHandler({});
+    App().kdx.KdxChanged.unsubscribe(kdxChanged_);
 }
 
 void FrmKdxToolDetect::DetectKdx() {
@@ -84,6 +87,7 @@ void FrmKdxToolDetect::PicAbort_MouseDown() {
     app.delay.TimeDelay(0.25);
     abort_->showUp();
     app.mdi->raise();
+    app.DetectAborted.raise();
 }
 
 } // namespace korval

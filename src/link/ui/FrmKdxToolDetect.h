@@ -20,11 +20,15 @@ public:
     void DetectKdx();
     void PicAbort_MouseDown();
     PictureButton* PicAbort() const { return abort_; }
+    // The link as the last status word left it: set by ERRORCOMMUNICATIONS, cleared by any
+    // other word.
+    bool CommunicationsLost = false;
 
 private:
     QLineEdit* status_;
     PictureButton* abort_;
     Mailbox::Box* progress_;
+    int kdxChanged_ = 0;
 };
 
 } // namespace korval
