@@ -112,12 +112,12 @@ int diag(CliRun& r) {
         [&r](const std::string& added) { r.err << ForShell(added) << std::flush; },
         ScanOptions{true});
     if (file) {
-        if (!SaveDiagnosticReport(*file, report)) {
-            return Fail(r.err, "cannot write the report to " + *file, ExitNoAnswer);
+        if (const auto problem = SaveDiagnosticReport(*file, *report); !problem.empty()) {
+            return Fail(r.err, "cannot write the report: " + problem, ExitNoAnswer);
         }
         r.err << "Report saved to " << *file << "\n";
     } else {
-        r.out << report << std::flush;
+        r.out << *report << std::flush;
     }
     return ExitOk;
 }

@@ -2,7 +2,7 @@
 
 #include "CommandLanguage.h"
 
-#include "core/AtomicFile.h"
+#include "core/ClsReadWriteFile.h"
 #include "scripts/ScriptText.h"
 
 #include <vector>
@@ -13,6 +13,9 @@ namespace {
 
 constexpr const char* CrLf = "\r\n";
 constexpr double StepPause = 0.1;
+// The listings of programs 0 to 4 are steps 5 to 9.
+constexpr int FirstListing = 4;
+constexpr int LastListing = 8;
 
 AxisTargets targets(std::array<TextBox, 4>& boxes) {
     return {&boxes[0], &boxes[1], &boxes[2], &boxes[3]};
@@ -23,6 +26,23 @@ struct Step {
     std::string name;
     std::vector<TextBox*> boxes; // emptied before the query runs
     std::function<void()> query;
+};
+
+// The hourglass for the span of the scan, put back however the scan ends.
+class BusyWhile {
+public:
+    explicit BusyWhile(BusyPointer* pointer) : pointer_(pointer) { set(true); }
+    ~BusyWhile() { set(false); }
+    BusyWhile(const BusyWhile&) = delete;
+    BusyWhile& operator=(const BusyWhile&) = delete;
+
+private:
+    void set(bool busy) {
+        if (pointer_ != nullptr) {
+            pointer_->SetBusy(busy);
+        }
+    }
+    BusyPointer* pointer_;
 };
 
 std::string banner(const char* name) {
@@ -53,9 +73,9 @@ void RefreshProgramsPanel(ClsKdxDiagnostic& diagnostic, const ProgramsPanelTarge
     RestoreCurrentProgram(cycle, kept);
 }
 
-std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& b,
-                                  const ScanProgress& progress, ScanOptions options,
-                                  BusyPointer* pointer) {
+std::optional<std::string> RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& b,
+                                                 const ScanProgress& progress,
+                                                 const ScanOptions& options, BusyPointer* pointer) {
     auto tell = [&](const std::string& text) {
         if (progress) {
             progress(text);
@@ -102,37 +122,42 @@ std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes&
     };
     steps.insert(steps.end(), rest.begin(), rest.end());
 
-    if (pointer != nullptr) {
-        pointer->SetBusy(true);
-    }
+    const BusyWhile busy(pointer);
     auto& cycle = d.cycle();
-    std::string kept;
-    for (std::size_t i = 0; i < steps.size(); ++i) {
-        const bool firstListing = i == 4;
-        const bool lastListing = i == 8;
-        if (firstListing && options.restoreCurrentProgram) {
+    const int count = static_cast<int>(steps.size());
+    std::optional<std::string> kept; // the current program while the listings run
+    for (int i = 0; i < count; ++i) {
+        if (options.stopRequested && options.stopRequested()) {
+            if (kept) {
+                RestoreCurrentProgram(cycle, *kept); // stopped among the listings
+            }
+            tell(std::string("Scan Stopped") + CrLf);
+            return std::nullopt;
+        }
+        const auto& step = steps[static_cast<std::size_t>(i)];
+        if (i == FirstListing && options.restoreCurrentProgram) {
             kept = ReadCurrentProgramAsIs(cycle);
         }
-        tell("Scanning " + steps[i].name + CrLf);
-        for (auto* box : steps[i].boxes) {
+        tell("Scanning " + step.name + CrLf);
+        for (auto* box : step.boxes) {
             box->text.clear();
         }
-        steps[i].query();
+        step.query();
         cycle.Wait(StepPause);
-        tell(steps[i].name + " Complete" + CrLf);
-        if (lastListing && options.restoreCurrentProgram) {
-            RestoreCurrentProgram(cycle, kept);
+        tell(step.name + " Complete" + CrLf);
+        if (i == LastListing && kept) {
+            RestoreCurrentProgram(cycle, *kept);
+            kept.reset();
+        }
+        if (options.stepDone) {
+            options.stepDone(i + 1, count);
         }
     }
     cycle.Wait(StepPause);
     tell(std::string("Scan Complete") + CrLf);
     tell("Generating Report");
     cycle.Wait(StepPause);
-    auto report = BuildDiagnosticReport(b);
-    if (pointer != nullptr) {
-        pointer->SetBusy(false);
-    }
-    return report;
+    return BuildDiagnosticReport(b);
 }
 
 std::string BuildDiagnosticReport(const DiagnosticBoxes& b) {
@@ -179,8 +204,11 @@ std::optional<std::string> DiagnosticReportFileName(const std::string& chosen) {
     return TxtFileName(chosen);
 }
 
-bool SaveDiagnosticReport(const std::string& path, const std::string& report) {
-    return writeFileAtomically(path, report);
+std::string SaveDiagnosticReport(const std::string& path, const std::string& report) {
+    ClsReadWriteFile file;
+    const bool saved =
+        file.CreateOutputFile(path) && file.WriteToOutputFile(report) && file.CloseOutputFile();
+    return saved ? std::string() : file.LastError();
 }
 
 } // namespace korval

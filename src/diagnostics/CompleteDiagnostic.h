@@ -32,12 +32,19 @@ struct ScanOptions {
     // The scan leaves the last listed program (4) current. Set this to read the current program
     // before the listings and select it again after them, as the Programs panel does.
     bool restoreCurrentProgram = false;
+    // Asked before each step: true ends the scan there, with "Scan Stopped" and no report.
+    std::function<bool()> stopRequested = {};
+    // Told after each step: how many of the steps are done, and how many there are.
+    std::function<void(int done, int count)> stepDone = {};
 };
 
-// Runs the 22 steps over `diagnostic`, filling `boxes`, and gives back the report.
-std::string RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& boxes,
-                                  const ScanProgress& progress = {}, ScanOptions options = {},
-                                  BusyPointer* pointer = nullptr);
+// Runs the 22 steps over `diagnostic`, filling `boxes`, and gives back the report; nothing when
+// the scan was stopped.
+std::optional<std::string> RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic,
+                                                 DiagnosticBoxes& boxes,
+                                                 const ScanProgress& progress = {},
+                                                 const ScanOptions& options = {},
+                                                 BusyPointer* pointer = nullptr);
 
 // The report from the panel texts: single-byte text with CR LF line ends.
 std::string BuildDiagnosticReport(const DiagnosticBoxes& boxes);
@@ -60,7 +67,8 @@ void RefreshProgramsPanel(ClsKdxDiagnostic& diagnostic, const ProgramsPanelTarge
 // file at all for an empty name.
 std::optional<std::string> DiagnosticReportFileName(const std::string& chosen);
 
-// Writes the report's bytes whole, or leaves the file as it was; false on failure.
-bool SaveDiagnosticReport(const std::string& path, const std::string& report);
+// Writes the report's bytes whole, or leaves the file as it was. Empty on success, else why
+// the report could not be saved, in words for the user.
+std::string SaveDiagnosticReport(const std::string& path, const std::string& report);
 
 } // namespace korval

@@ -164,7 +164,7 @@ TEST_F(DiagnosticFixture, CompleteDiagnosticOfATwoMotorControllerStillListsFourA
 TEST_F(DiagnosticFixture, ASilentControllerGivesEveryBannerAndEmptyBodies) {
     DiagnosticBoxes boxes;
     boxes.axis[0].text = "left from an earlier scan";
-    const auto report = RunCompleteDiagnostic(diagnostic, boxes);
+    const auto report = RunCompleteDiagnostic(diagnostic, boxes).value();
     EXPECT_EQ(boxes.axis[0].text, "") << "emptied by the step, left so by the count of 0";
     const char* banners[] = {"Processor",    "Operating Mode",          "Programs",
                              "Axis",         "Analog Joystick",         "Digital Joystick",
@@ -223,10 +223,12 @@ TEST(DiagnosticReportFile, SavedBytesAreTheReportsBytes) {
     const std::string report = std::string(Head) + "\xCB"
                                                    "B\r\nlast line";
     const auto path = folder.file(*DiagnosticReportFileName("bench 3.txt"));
-    ASSERT_TRUE(SaveDiagnosticReport(path, report));
+    ASSERT_EQ(SaveDiagnosticReport(path, report), "");
     EXPECT_EQ(readWholeFile(path), report);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"bench 3.txt"});
-    EXPECT_FALSE(SaveDiagnosticReport(folder.file("missing/r.txt"), report));
+    EXPECT_NE(SaveDiagnosticReport(folder.file("missing/r.txt"), report).find("missing/r.txt"),
+              std::string::npos)
+        << "says which file could not be written";
     EXPECT_EQ(folder.names(), std::vector<std::string>{"bench 3.txt"}) << "nothing half written";
 }
 
@@ -250,4 +252,27 @@ TEST_F(DiagnosticFixture, ProgramsPanelReturnsToTheProgramThatWasCurrent) {
     EXPECT_EQ(controller.calls.front(), "clear");
     EXPECT_EQ(controller.calls[2], "read+clear") << "read 0.1 s after the send, then cleared";
     EXPECT_EQ(controller.sends[1].second, 100);
+}
+
+TEST_F(DiagnosticFixture, AStoppedScanEndsBetweenStepsAndStillRestoresTheProgram) {
+    FillController(true);
+    controller.replies["PM\r"] = "2\r";
+    DiagnosticBoxes boxes;
+    std::string progress;
+    std::vector<int> done;
+    ScanOptions options{true};
+    options.stepDone = [&](int d, int count) {
+        EXPECT_EQ(count, 22);
+        done.push_back(d);
+    };
+    options.stopRequested = [&] { return done.size() == 6; }; // among the listings
+    const auto report = RunCompleteDiagnostic(
+        diagnostic, boxes, [&](const std::string& added) { progress += added; }, options);
+    EXPECT_EQ(report, std::nullopt);
+    EXPECT_EQ(done, (std::vector<int>{1, 2, 3, 4, 5, 6}));
+    EXPECT_TRUE(progress.ends_with("Program 1 Complete\r\nScan Stopped\r\n")) << progress;
+    const auto s = sent();
+    ASSERT_FALSE(s.empty());
+    EXPECT_EQ(s.back(), ",PM2\r,") << "the program that was current is selected again";
+    EXPECT_EQ(std::count(s.begin(), s.end(), "PM2,lst,"), 0);
 }

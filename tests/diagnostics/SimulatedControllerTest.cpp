@@ -98,7 +98,7 @@ TEST_F(SimFixture, FourMotorChainWithAProgramALimitAndAnalogSettings) {
     chain->receive(",PM1,C,S1M2000,I1M-400,"); // after the settings: their "C," clears too
     chain->setLimit(2, sim::LimitSide::Plus, true);
     DiagnosticBoxes boxes;
-    const auto report = RunCompleteDiagnostic(diagnostic, boxes);
+    const auto report = RunCompleteDiagnostic(diagnostic, boxes).value();
 
     EXPECT_EQ(section(report, "Processor"),
               "Version: 1.22\r\nDate: 03/14/2005\r\nMode: Master\r\n");
@@ -121,7 +121,7 @@ TEST_F(SimFixture, TwoMotorControllerWithOlderFirmware) {
     start("arrangement=2,firmware=1.21");
     EXPECT_EQ(diagnostic.GetNumberOfControls(), 1);
     DiagnosticBoxes boxes;
-    const auto report = RunCompleteDiagnostic(diagnostic, boxes);
+    const auto report = RunCompleteDiagnostic(diagnostic, boxes).value();
     const auto axis = section(report, "Axis");
     EXPECT_TRUE(axis.ends_with("Setting for Limit2: 1\r\n\r\n\r\n\r\n")) << axis;
     EXPECT_EQ(axis.find("Motor3"), std::string::npos);
@@ -145,7 +145,7 @@ TEST_F(SimFixture, ASilentControllerStillGivesTheWholeReport) {
     start("arrangement=2+2");
     chain->setSilent(true);
     DiagnosticBoxes boxes;
-    const auto report = RunCompleteDiagnostic(diagnostic, boxes);
+    const auto report = RunCompleteDiagnostic(diagnostic, boxes).value();
     EXPECT_EQ(section(report, "Processor"), "Version: Date: \r\n");
     EXPECT_EQ(section(report, "Axis"), "\r\n\r\n\r\n\r\n");
     EXPECT_EQ(section(report, "Limit States"), "");
