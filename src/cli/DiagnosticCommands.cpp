@@ -1,4 +1,4 @@
-// info, diag: the controller's state in words.
+// info, diag, watch: the controller's state in words, and its switches as they change.
 #include "CliCommand.h"
 #include "CliOptions.h"
 #include "CliSession.h"
@@ -7,10 +7,14 @@
 
 #include <unistd.h>
 
+#include "core/Numbers.h"
 #include "diagnostics/ClsKdxDiagnostic.h"
 #include "diagnostics/CompleteDiagnostic.h"
+#include "diagnostics/TroubleshooterReading.h"
 
 #include <array>
+#include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <optional>
 #include <ostream>
@@ -122,6 +126,60 @@ int diag(CliRun& r) {
     return ExitOk;
 }
 
+// Set by Ctrl+C or a polite kill while watch runs without an end of its own.
+volatile std::sig_atomic_t interrupted = 0;
+
+// The seconds watch runs for; 0 for until interrupted, empty when the arguments are wrong.
+std::optional<double> watchSeconds(const std::vector<std::string>& args) {
+    if (args.size() == 1) {
+        return 0.0;
+    }
+    if (args.size() != 3 || args[1] != "--seconds" || !IsNumeric(args[2]) || Val(args[2]) <= 0) {
+        return std::nullopt;
+    }
+    return Val(args[2]);
+}
+
+int watch(CliRun& r) {
+    const auto& args = r.options.args;
+    const auto kind = args.empty() ? std::nullopt : TroubleshooterNamed(args[0]);
+    const auto seconds = watchSeconds(args);
+    if (!kind || !seconds) {
+        return Fail(r.err,
+                    "watch takes limits, inputs, outputs or multifunction, and --seconds N "
+                    "(N above 0)",
+                    ExitUsage);
+    }
+    auto& session = *r.session;
+    TroubleshooterReading reading(*kind, session.kdx(), session.delay());
+    const auto& face = FaceOf(*kind);
+    auto& clock = session.delay().context();
+    const auto start = clock.now();
+    const auto elapsed = [&] { return std::chrono::duration<double>(clock.now() - start).count(); };
+    interrupted = 0;
+    const auto onInt = std::signal(SIGINT, [](int) { interrupted = 1; });
+    const auto onTerm = std::signal(SIGTERM, [](int) { interrupted = 1; });
+    std::size_t printed = 0;
+    int status = ExitOk;
+    // The window's pace: a tick every quarter second, or as soon as the last one ends.
+    for (double due = 0; interrupted == 0 && (*seconds == 0 || elapsed() < *seconds);
+         due += TroubleshooterReading::TickSeconds) {
+        if (const double ahead = due - elapsed(); ahead > 0) {
+            session.delay().TimeDelay(ahead);
+        }
+        if (reading.Tick() == TickOutcome::OldFirmware) {
+            status = Fail(r.err, TroubleshooterReading::OldFirmwareMessage, ExitNoAnswer);
+            break;
+        }
+        for (const auto& change : reading.Timeline().NewSince(printed)) {
+            r.out << TimelineLine(change, face) << std::endl;
+        }
+    }
+    std::signal(SIGINT, onInt);
+    std::signal(SIGTERM, onTerm);
+    return status;
+}
+
 const CliCommand Commands[] = {
     {"info",
      "info SUBJECT           one panel's text: processor, opmode, programs, axis,\n"
@@ -133,6 +191,12 @@ const CliCommand Commands[] = {
      "diag [--output FILE]   the complete diagnostic: progress on stderr, the report's\n"
      "                       exact bytes on stdout, or saved to FILE (\".txt\" added)",
      Needs::Online, diag},
+    {"watch",
+     "watch limits|inputs|outputs|multifunction [--seconds N]\n"
+     "                       poll as the troubleshooter does (no prologue: a running\n"
+     "                       program goes on) and print each bit change as a line:\n"
+     "                       seconds, bit, row, old -> new; until Ctrl+C without N",
+     Needs::Port, watch},
 };
 
 } // namespace

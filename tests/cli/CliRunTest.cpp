@@ -1,13 +1,17 @@
 // korval-cli as a user runs it: a real process, its output and its exit status.
+#include "sim/PtyHost.h"
+#include "sim/SimControl.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <fstream>
 #include <string>
 #include <sys/wait.h>
+#include <thread>
 
 namespace {
 
@@ -58,6 +62,10 @@ TEST(CliRun, ExitStatusesAndMessages) {
         {"--port /nonexistent/tty status", 1, "korval-cli: cannot open port /nonexistent/tty"},
         {"--sim=silent=1 --baud 19200 diag", 1, "korval-cli: the controller does not answer"},
         {"--sim diag --output /nonexistent/folder/r", 1, "korval-cli: cannot write the report"},
+        {"--sim watch switches", 2, "korval-cli: watch takes limits, inputs"},
+        {"--sim watch inputs --seconds 0", 2, "korval-cli: watch takes limits, inputs"},
+        {"--sim=firmware=1.21 watch outputs --seconds 2", 1,
+         "korval-cli: Outputs Troubleshooter cannot be used with a KDX version lower than 1.22"},
     };
     for (const auto& c : cases) {
         const auto r = run(cli(c.args) + " 2>" + errors);
@@ -98,4 +106,34 @@ TEST(CliRun, TheReportIsTheSameOverARealPortAsBuiltIn) {
                        "; echo quit >&3'");
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(slurp(dir.file("report.txt")), builtIn.out) << "byte for byte";
+}
+
+TEST(CliRun, WatchPrintsEachSwitchChangeAsALine) {
+    korval::sim::PtyHost host;
+    std::string error;
+    ASSERT_TRUE(host.start(error)) << error;
+    const auto bench = [&host](const char* line) {
+        host.withChain([line](korval::sim::KdxChain& chain) {
+            std::string answer;
+            korval::sim::ApplyControl(chain, line, answer);
+        });
+    };
+    std::thread presses([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1200));
+        bench("input 1 on");
+        std::this_thread::sleep_for(std::chrono::milliseconds(700));
+        bench("input 1 off");
+    });
+    const auto r = run(cli("--port " + host.device() + " watch inputs --seconds 3"));
+    presses.join();
+    EXPECT_EQ(r.status, 0);
+    const auto on = r.out.find(" s  bit 4  Input 1  1 -> 0\n");
+    const auto off = r.out.find(" s  bit 4  Input 1  0 -> 1\n");
+    ASSERT_NE(on, std::string::npos) << r.out;
+    ASSERT_NE(off, std::string::npos) << r.out;
+    EXPECT_LT(on, off);
+    EXPECT_EQ(std::count(r.out.begin(), r.out.end(), '\n'), 2) << "nothing but the changes";
+    const double pressedAt = std::stod(r.out.substr(0, on));
+    EXPECT_GT(pressedAt, 0.5) << r.out;
+    EXPECT_LT(pressedAt, 2.5) << r.out;
 }
