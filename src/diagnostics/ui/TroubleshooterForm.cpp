@@ -1,5 +1,7 @@
 #include "TroubleshooterForm.h"
 
+#include "ScanLine.h"
+
 #include "core/ui/KorvalServices.h"
 #include "core/ui/Lamp.h"
 #include "core/ui/Latin1.h"
@@ -15,6 +17,8 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace korval {
 
@@ -89,9 +93,7 @@ void TroubleshooterForm::StartPolling(int intervalMs) {
     reading_.Restart();
     timeline_->clear();
     timelineSeen_ = 0;
-    // The last reply of an earlier reader may still wait at the port, and the forms that do not
-    // clear before they ask would take it for their first reading.
-    App().kdx.ClearPortChars();
+    clearFirst_ = true;
     resume();
 }
 
@@ -112,7 +114,7 @@ bool TroubleshooterForm::Polling() const {
 }
 
 void TroubleshooterForm::ReadTimer_Timer() {
-    if (ticking_) {
+    if (ScanLine::Tick::UnderWay()) {
         return; // the tick's wait lets the timer fire again: that tick is skipped
     }
     auto& app = App();
@@ -120,12 +122,19 @@ void TroubleshooterForm::ReadTimer_Timer() {
         StopPolling();
         return;
     }
-    if (app.lineHeld > 1) {
-        return; // a refresh or a scan has the line besides this window: keep out of its way
+    if (ScanLine::Busy()) {
+        clearFirst_ = true;
+        return; // a refresh or a scan has the line: keep out of its way
     }
-    ticking_ = true;
-    const auto outcome = reading_.Tick();
-    ticking_ = false;
+    const auto outcome = [this, &app] {
+        const ScanLine::Tick tick;
+        if (std::exchange(clearFirst_, false)) {
+            // The last reply of another reader may still wait at the port, and the forms that
+            // do not clear before they ask would take it for a reading.
+            app.kdx.ClearPortChars();
+        }
+        return reading_.Tick();
+    }();
     if (outcome == TickOutcome::OldFirmware) {
         StopPolling();
         app.prompts.Message(TroubleshooterReading::OldFirmwareMessage,

@@ -69,8 +69,8 @@ private:
     QHBoxLayout* buttons_;
     std::size_t timelineSeen_ = 0;
     std::optional<LineHold> hold_;
-    bool ticking_ = false;
     int intervalMs_ = 0;
+    bool clearFirst_ = false; // the next tick starts with the port cleared
     int portSubscription_ = 0;
 };
 

@@ -107,8 +107,8 @@ const PanelCase Panels[] = {
      "Pulse N Steps Setting: 1\r\n"},
     {"MnuToolsDiagMultifunctionInputs", "FrmKdxInfoMultiFunctionInputs", "TxtInfo",
      "Actual value = 3\r\nRun button enabled: True\r\n", nullptr},
-    {"MnuToolsDiagAnalogInput", "FrmKdxInfoAnalogInput", "TxtInfo",
-     "Analog Input Value: 128\r\n", nullptr},
+    {"MnuToolsDiagAnalogInput", "FrmKdxInfoAnalogInput", "TxtInfo", "Analog Input Value: 128\r\n",
+     nullptr},
     {"MnuToolsDiagUserOutputs", "FrmKdxInfoOutputs", "TxtInfo",
      "Actual value = 0\r\nOutput 1 On: False\r\n", nullptr},
     {"MnuToolsDiagOTravelBacklash", "FrmKdxInfoOTravelBacklash", "TxtOverTravel",
@@ -214,8 +214,8 @@ TEST_F(DiagnosticsWindows, PressedSwitchesLightTheirLampsAndEnterTheTimeline) {
         EXPECT_EQ(values(inputs), s.values) << s.press;
     }
     const auto timeline = inputs->TxtTimeline()->toPlainText().toStdString();
-    for (const char* line : {"bit 4  Input 1  1 -> 0", "bit 1  Jog 1 Positive  1 -> 0",
-                             "bit 4  Input 1  0 -> 1"}) {
+    for (const char* line :
+         {"bit 4  Input 1  1 -> 0", "bit 1  Jog 1 Positive  1 -> 0", "bit 4  Input 1  0 -> 1"}) {
         EXPECT_NE(timeline.find(line), std::string::npos) << timeline;
     }
     inputs->CmdCopyTimeline_Click();
@@ -244,7 +244,8 @@ TEST_F(DiagnosticsWindows, DISABLED_EveryMaskByteReachesTheLamps) {
     } masks[] = {
         {{"jog 2 - on", "input 4 on"}, "ddLddddL", "11011110"}, // 0x7B
         {{"jog 1 - on", "jog 1 + on", "jog 2 + on", "input 1 on", "input 2 on", "input 3 on"},
-         "LLLLLLLL", "00000000"}, // 0x00
+         "LLLLLLLL",
+         "00000000"}, // 0x00
     };
     for (const auto& m : masks) {
         for (const char* line : m.press) {
@@ -287,6 +288,25 @@ TEST_F(DiagnosticsWindows, OnlyOneTroubleshooterPollsAndNoneWithThePortClosed) {
     menu("MnuToolsTroubleshootMultiIO");
     app->delay.TimeDelay(0.5);
     EXPECT_EQ(values(form<TroubleshooterForm>("FrmKdxToolTroubleMultifunctionIO")), "11000010");
+}
+
+TEST_F(DiagnosticsWindows, APanelOpenedWhileATroubleshooterPollsReadsCleanly) {
+    startWith("arrangement=2+2");
+    for (const char* name : {"Limits", "Inputs"}) {
+        menu((std::string("MnuToolsTroubleshoot") + name).c_str());
+        auto* t = form<TroubleshooterForm>((std::string("FrmKdxToolTrouble") + name).c_str());
+        app->delay.TimeDelay(0.6);
+        const auto before = lamps(t);
+        menu("MnuToolsDiagAnalogInput"); // while a tick waits for its reply, most likely
+        EXPECT_EQ(form<InfoPanel>("FrmKdxInfoAnalogInput")->Text("TxtInfo"),
+                  "Analog Input Value: 128\r\n")
+            << name;
+        app->delay.TimeDelay(0.6);
+        EXPECT_TRUE(t->Polling()) << name;
+        EXPECT_EQ(lamps(t), before) << name;
+        EXPECT_EQ(t->TxtTimeline()->toPlainText().toStdString(), "")
+            << name << ": the panel's reply is no change";
+    }
 }
 
 TEST_F(DiagnosticsWindows, AnOlderControllerHasNoOutputsTroubleshooter) {
