@@ -54,17 +54,6 @@ TEST(TroubleshooterRules, RepliesGiveBitsLowFirstAfterTheEcho) {
     }
 }
 
-TEST(TroubleshooterRules, WhichPictureEachBitShows) {
-    using K = TroubleshooterKind;
-    EXPECT_EQ(LampFor(K::Inputs, '0'), L::Lit) << "a pressed input lights";
-    EXPECT_EQ(LampFor(K::Inputs, '1'), L::Dim);
-    for (const auto kind : {K::Outputs, K::MultifunctionIO, K::Limits}) {
-        EXPECT_EQ(LampFor(kind, '0'), L::Dim);
-        EXPECT_EQ(LampFor(kind, '1'), L::Lit);
-        EXPECT_EQ(LampFor(kind, '-'), L::Unset) << "neither digit leaves the lamp be";
-    }
-}
-
 TEST_F(TroubleFixture, InputsReadWithoutPrologueAndEchoOnlyRepliesLeaveTheLamps) {
     TroubleshooterReading inputs(TroubleshooterKind::Inputs, driver, delay);
     EXPECT_EQ(lamps(inputs), "????????");
