@@ -9,6 +9,25 @@
 #include "core/ui/FrmMsgBox.h"
 #include "core/ui/KorvalServices.h"
 #include "core/ui/MdiKorval.h"
+#include "diagnostics/ui/DiagnosticsMenus.h"
+#include "diagnostics/ui/FrmKdxInfoAnalogInput.h"
+#include "diagnostics/ui/FrmKdxInfoAxis.h"
+#include "diagnostics/ui/FrmKdxInfoDiagnostic.h"
+#include "diagnostics/ui/FrmKdxInfoInputs.h"
+#include "diagnostics/ui/FrmKdxInfoJoystickAnalog.h"
+#include "diagnostics/ui/FrmKdxInfoJoystickDigital.h"
+#include "diagnostics/ui/FrmKdxInfoLimitStates.h"
+#include "diagnostics/ui/FrmKdxInfoMultiFunctionInputs.h"
+#include "diagnostics/ui/FrmKdxInfoOTravelBacklash.h"
+#include "diagnostics/ui/FrmKdxInfoOpMode.h"
+#include "diagnostics/ui/FrmKdxInfoOutputPulse.h"
+#include "diagnostics/ui/FrmKdxInfoOutputs.h"
+#include "diagnostics/ui/FrmKdxInfoProcessor.h"
+#include "diagnostics/ui/FrmKdxInfoPrograms.h"
+#include "diagnostics/ui/FrmKdxToolTroubleInputs.h"
+#include "diagnostics/ui/FrmKdxToolTroubleLimits.h"
+#include "diagnostics/ui/FrmKdxToolTroubleMultifunctionIO.h"
+#include "diagnostics/ui/FrmKdxToolTroubleOutputs.h"
 #include "link/ui/FrmKdxDriverCallback.h"
 #include "link/ui/FrmKdxDriverRecovery.h"
 #include "link/ui/FrmKdxToolDetect.h"
@@ -62,12 +81,31 @@ const FormRow Rows[] = {
     {make<FrmKdxToolTerminal>, "Status: Terminal Loaded"},
     {make<FrmKdxToolScriptEditor>, "Status: Script Editor Loaded"},
     {bringOnline, ""},
+    {make<FrmKdxInfoProcessor>, "Status: Processor Info Loaded"},
+    {make<FrmKdxInfoOpMode>, "Status: Operating Mode Loaded"},
+    {make<FrmKdxInfoPrograms>, "Status: Program Info Loaded"},
+    {make<FrmKdxInfoAxis>, "Status: Axis Info Loaded"},
+    {make<FrmKdxInfoJoystickAnalog>, "Status: Analog Joystick Info Loaded"},
+    {make<FrmKdxInfoJoystickDigital>, "Status: Digital Joystick Info Loaded"},
+    {make<FrmKdxInfoOutputPulse>, "Status: Output Pulse Info Loaded"},
+    {make<FrmKdxInfoMultiFunctionInputs>, "Status: Multifunction Inputs Info Loaded"},
+    {make<FrmKdxInfoAnalogInput>, "Status: Analog Input Info Loaded"},
+    {make<FrmKdxInfoOutputs>, "Status: User Outputs Info Loaded"},
+    {make<FrmKdxInfoOTravelBacklash>, "Status: Overtravel and Backlash Info Loaded"},
+    {make<FrmKdxInfoInputs>, "Status: User Inputs Info Loaded"},
+    {make<FrmKdxInfoLimitStates>, "Status: Limit States Info Loaded"},
+    {make<FrmKdxInfoDiagnostic>, "Status: Diagnostic Info Loaded"},
+    {make<FrmKdxToolTroubleLimits>, "Status: Limits Troubleshooter Loaded"},
+    {make<FrmKdxToolTroubleMultifunctionIO>,
+     "Status: Multifunction User I-O Troubleshooter Loaded"},
+    {make<FrmKdxToolTroubleInputs>, "Status: User Inputs Troubleshooter Loaded"},
+    {make<FrmKdxToolTroubleOutputs>, "Status: User Outputs Troubleshooter Loaded"},
     {make<FrmKdxAdmin>, "Status: Administrative Tools Loaded"},
     {make<FrmKdxDriverRecovery>, "Status: Administrative Driver Tools Loaded"},
 };
 
-const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus, WireScriptMenus, WireAxisMenus,
-                              WireMotionMenus};
+const MenuWiring Wirings[] = {WireCoreMenus, WireLinkMenus,   WireScriptMenus,
+                              WireAxisMenus, WireMotionMenus, WireDiagnosticsMenus};
 
 } // namespace
 

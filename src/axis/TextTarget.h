@@ -1,13 +1,3 @@
 #pragma once
 // A control whose text a rule may set directly: a text box or a result label.
-#include <string>
-
-namespace korval {
-
-class TextTarget {
-public:
-    virtual ~TextTarget() = default;
-    virtual void SetText(const std::string& text) = 0;
-};
-
-} // namespace korval
+#include "core/TextTarget.h"

@@ -1,4 +1,4 @@
-// info, diag: the controller's state in words.
+// info, diag, watch: the controller's state in words, and its switches as they change.
 #include "CliCommand.h"
 #include "CliOptions.h"
 #include "CliSession.h"
@@ -8,12 +8,15 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include "core/Numbers.h"
 #include "diagnostics/ClsKdxDiagnostic.h"
 #include "diagnostics/CommandLanguage.h"
 #include "diagnostics/CompleteDiagnostic.h"
+#include "diagnostics/TroubleshooterReading.h"
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <ostream>
@@ -170,8 +173,8 @@ int diag(CliRun& r) {
               << "\"; the report is incomplete\n";
     }
     if (file) {
-        if (!SaveDiagnosticReport(*file, result.report)) {
-            return Fail(r.err, "cannot write the report to " + *file, ExitNoAnswer);
+        if (const auto problem = SaveDiagnosticReport(*file, result.report); !problem.empty()) {
+            return Fail(r.err, "cannot write the report: " + problem, ExitNoAnswer);
         }
         r.err << "Report saved to " << *file << "\n";
     } else {
@@ -181,6 +184,53 @@ int diag(CliRun& r) {
         return ExitNoAnswer;
     }
     return result.answered > 0 ? ExitOk : noAnswer(r);
+}
+
+// The seconds watch runs for; 0 for until interrupted, empty when the arguments are wrong.
+std::optional<double> watchSeconds(const std::vector<std::string>& args) {
+    if (args.size() == 1) {
+        return 0.0;
+    }
+    if (args.size() != 3 || args[1] != "--seconds" || !IsNumeric(args[2]) || Val(args[2]) <= 0) {
+        return std::nullopt;
+    }
+    return Val(args[2]);
+}
+
+int watch(CliRun& r) {
+    const auto& args = r.options.args;
+    const auto kind = args.empty() ? std::nullopt : TroubleshooterNamed(args[0]);
+    const auto seconds = watchSeconds(args);
+    if (!kind || !seconds) {
+        return Fail(r.err,
+                    "watch takes limits, inputs, outputs or multifunction, and --seconds N "
+                    "(N above 0)",
+                    ExitUsage);
+    }
+    auto& session = *r.session;
+    TroubleshooterReading reading(*kind, session.kdx(), session.delay());
+    const auto& face = FaceOf(*kind);
+    auto& clock = session.delay().context();
+    const auto start = clock.now();
+    const auto elapsed = [&] { return std::chrono::duration<double>(clock.now() - start).count(); };
+    const InterruptCatcher catcher; // Ctrl+C ends a watch without an end of its own
+    std::size_t printed = 0;
+    int status = ExitOk;
+    // The window's pace: a tick every quarter second, or as soon as the last one ends.
+    for (double due = 0; !interrupted && (*seconds == 0 || elapsed() < *seconds);
+         due += TroubleshooterReading::TickSeconds) {
+        if (const double ahead = due - elapsed(); ahead > 0) {
+            session.delay().TimeDelay(ahead);
+        }
+        if (reading.Tick() == TickOutcome::OldFirmware) {
+            status = Fail(r.err, TroubleshooterReading::OldFirmwareMessage, ExitNoAnswer);
+            break;
+        }
+        for (const auto& change : reading.Timeline().NewSince(printed)) {
+            r.out << TimelineLine(change, face) << std::endl;
+        }
+    }
+    return status;
 }
 
 const CliCommand Commands[] = {
@@ -194,6 +244,12 @@ const CliCommand Commands[] = {
      "diag [--output FILE]   the complete diagnostic: progress on stderr, the report's\n"
      "                       exact bytes on stdout, or saved to FILE (\".txt\" added)",
      Needs::Port, diag},
+    {"watch",
+     "watch limits|inputs|outputs|multifunction [--seconds N]\n"
+     "                       poll as the troubleshooter does (no prologue: a running\n"
+     "                       program goes on) and print each bit change as a line:\n"
+     "                       seconds, bit, row, old -> new; until Ctrl+C without N",
+     Needs::Port, watch},
 };
 
 } // namespace

@@ -321,7 +321,7 @@ std::string ClsKdxDiagnostic::GetAnalogInput(TextTarget* control) {
 std::string ClsKdxDiagnostic::GetUserOutputStates(TextTarget* control) {
     Busy busy(*this);
     const auto version = kdx::WithoutCR(askAfterPrologue(kdx::GetFirmwareVersion()));
-    if (Val(version) < 1.22) { // "$" came with 1.22; an older controller is not asked
+    if (Val(version) < kdx::OutputMaskFirmware) { // an older controller is not asked "$"
         result_ =
             "Version 1.22 or higher is needed for this option. Your Version is: " + version + CrLf;
         return show(control);

@@ -92,6 +92,12 @@ std::string GetInputMask() {
 std::string GetOutputMask() {
     return "$,";
 }
+std::string PollInputMask() {
+    return "~";
+}
+std::string PollOutputMask() {
+    return "$";
+}
 
 std::string SetJoystickSpeeds(int motor, long primary, long secondary) {
     return "C," + motorItem("setj", motor, "") + std::to_string(primary) + "," +

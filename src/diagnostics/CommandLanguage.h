@@ -39,6 +39,12 @@ std::string GetLimitMask();                             // "?,"
 std::string GetInputMask();                             // "~,"
 std::string GetOutputMask();                            // "$,"
 
+// The troubleshooters' polls, bare and never behind the prologue, so a running program goes on.
+std::string PollInputMask();  // "~"
+std::string PollOutputMask(); // "$"
+// The first firmware that answers "$".
+inline constexpr double OutputMaskFirmware = 1.22;
+
 // Settings, stored by the "rsm" that ends each string.
 std::string SetJoystickSpeeds(int motor, long primary, long secondary); // C,setj..,setJ..,,rsm
 std::string SetAnalogSettings(int motor, long primary, long secondary); // C,setjA..,setJA..,,rsm

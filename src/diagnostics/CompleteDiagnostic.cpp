@@ -2,7 +2,7 @@
 
 #include "CommandLanguage.h"
 
-#include "core/AtomicFile.h"
+#include "core/ClsReadWriteFile.h"
 #include "scripts/ScriptText.h"
 
 #include <vector>
@@ -23,6 +23,23 @@ struct Step {
     std::string name;
     std::vector<TextBox*> boxes; // emptied before the query runs
     std::function<void()> query;
+};
+
+// The hourglass for the span of the scan, put back however the scan ends.
+class BusyWhile {
+public:
+    explicit BusyWhile(BusyPointer* pointer) : pointer_(pointer) { set(true); }
+    ~BusyWhile() { set(false); }
+    BusyWhile(const BusyWhile&) = delete;
+    BusyWhile& operator=(const BusyWhile&) = delete;
+
+private:
+    void set(bool busy) {
+        if (pointer_ != nullptr) {
+            pointer_->SetBusy(busy);
+        }
+    }
+    BusyPointer* pointer_;
 };
 
 std::string banner(const char* name) {
@@ -101,16 +118,17 @@ ScanResult RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& 
     };
     steps.insert(steps.end(), rest.begin(), rest.end());
 
-    if (options.pointer != nullptr) {
-        options.pointer->SetBusy(true);
-    }
+    const BusyWhile busy(options.pointer);
     auto& cycle = d.cycle();
     const int answeredBefore = cycle.Answered();
+    const int count = static_cast<int>(steps.size());
     ScanResult result;
-    for (const auto& step : steps) {
+    for (int i = 0; i < count; ++i) {
+        const auto& step = steps[static_cast<std::size_t>(i)];
         if (options.stopRequested && options.stopRequested()) {
             result.stopped = true;
             result.reachedStep = step.name;
+            tell(std::string("Scan Stopped") + CrLf);
             break;
         }
         tell("Scanning " + step.name + CrLf);
@@ -126,6 +144,9 @@ ScanResult RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& 
         }
         cycle.Wait(StepPause);
         tell(step.name + " Complete" + CrLf);
+        if (options.stepDone) {
+            options.stepDone(i + 1, count);
+        }
     }
     if (result.Complete()) {
         cycle.Wait(StepPause);
@@ -138,9 +159,6 @@ ScanResult RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& 
         result.report += IncompleteReportNote(result);
     }
     result.answered = cycle.Answered() - answeredBefore;
-    if (options.pointer != nullptr) {
-        options.pointer->SetBusy(false);
-    }
     return result;
 }
 
@@ -194,8 +212,11 @@ std::optional<std::string> DiagnosticReportFileName(const std::string& chosen) {
     return TxtFileName(chosen);
 }
 
-bool SaveDiagnosticReport(const std::string& path, const std::string& report) {
-    return writeFileAtomically(path, report);
+std::string SaveDiagnosticReport(const std::string& path, const std::string& report) {
+    ClsReadWriteFile file;
+    const bool saved =
+        file.CreateOutputFile(path) && file.WriteToOutputFile(report) && file.CloseOutputFile();
+    return saved ? std::string() : file.LastError();
 }
 
 } // namespace korval

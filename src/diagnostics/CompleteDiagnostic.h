@@ -31,8 +31,11 @@ using ScanProgress = std::function<void(const std::string& added)>;
 struct ScanOptions {
     ScanProgress progress;
     BusyPointer* pointer = nullptr;
-    // Asked before each step: true ends the scan there (the Stop button, an interrupt).
+    // Asked before each step: true ends the scan there (the Stop button, an interrupt), with
+    // "Scan Stopped".
     std::function<bool()> stopRequested;
+    // Told after each step: how many of the steps are done, and how many there are.
+    std::function<void(int done, int count)> stepDone;
 };
 
 struct ScanResult {
@@ -73,7 +76,8 @@ void RefreshProgramsPanel(ClsKdxDiagnostic& diagnostic, const ProgramsPanelTarge
 // file at all for an empty name.
 std::optional<std::string> DiagnosticReportFileName(const std::string& chosen);
 
-// Writes the report's bytes whole, or leaves the file as it was; false on failure.
-bool SaveDiagnosticReport(const std::string& path, const std::string& report);
+// Writes the report's bytes whole, or leaves the file as it was. Empty on success, else why
+// the report could not be saved, in words for the user.
+std::string SaveDiagnosticReport(const std::string& path, const std::string& report);
 
 } // namespace korval

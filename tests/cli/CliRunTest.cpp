@@ -1,9 +1,14 @@
 // korval-cli as a user runs it: a real process, its output and its exit status.
 #include "CliProcess.h"
 
+#include "sim/PtyHost.h"
+#include "sim/SimControl.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <thread>
 
 using namespace korval::test;
 
@@ -29,6 +34,10 @@ TEST(CliRun, ExitStatusesAndMessages) {
         {"--sim axis 1 --keep", 2, "korval-cli: settings are written only by a motor test"},
         {"--sim=arrangement=1 axis 2", 1, "korval-cli: axis 2 gives no motor setting"},
         {"--sim wizard --answer maybe", 2, "korval-cli: --answer takes yes or no"},
+        {"--sim watch switches", 2, "korval-cli: watch takes limits, inputs"},
+        {"--sim watch inputs --seconds 0", 2, "korval-cli: watch takes limits, inputs"},
+        {"--sim=firmware=1.21 watch outputs --seconds 2", 1,
+         "korval-cli: Outputs Troubleshooter cannot be used with a KDX version lower than 1.22"},
     };
     for (const auto& c : cases) {
         const auto r = run(cli(c.args) + " 2>" + errors);
@@ -211,4 +220,34 @@ TEST(CliRun, TheWizardAndTheAxisCommandsReportWhatTheWindowsWouldShow) {
     const auto tried = run(cli("--sim axis 2 --motor-setting 5 --test </dev/null 2>/dev/null"));
     EXPECT_EQ(tried.status, 0);
     EXPECT_EQ(tried.out, "Axis 2: " + slide + "Position: 400\nPosition: 0\nRestored: " + slide);
+}
+
+TEST(CliRun, WatchPrintsEachSwitchChangeAsALine) {
+    korval::sim::PtyHost host;
+    std::string error;
+    ASSERT_TRUE(host.start(error)) << error;
+    const auto bench = [&host](const char* line) {
+        host.withChain([line](korval::sim::KdxChain& chain) {
+            std::string answer;
+            korval::sim::ApplyControl(chain, line, answer);
+        });
+    };
+    std::thread presses([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1200));
+        bench("input 1 on");
+        std::this_thread::sleep_for(std::chrono::milliseconds(700));
+        bench("input 1 off");
+    });
+    const auto r = run(cli("--port " + host.device() + " watch inputs --seconds 3"));
+    presses.join();
+    EXPECT_EQ(r.status, 0);
+    const auto on = r.out.find(" s  bit 4  Input 1  1 -> 0\n");
+    const auto off = r.out.find(" s  bit 4  Input 1  0 -> 1\n");
+    ASSERT_NE(on, std::string::npos) << r.out;
+    ASSERT_NE(off, std::string::npos) << r.out;
+    EXPECT_LT(on, off);
+    EXPECT_EQ(std::count(r.out.begin(), r.out.end(), '\n'), 2) << "nothing but the changes";
+    const double pressedAt = std::stod(r.out.substr(0, on));
+    EXPECT_GT(pressedAt, 0.5) << r.out;
+    EXPECT_LT(pressedAt, 2.5) << r.out;
 }

@@ -238,10 +238,12 @@ TEST(DiagnosticReportFile, SavedBytesAreTheReportsBytes) {
     const std::string report = std::string(Head) + "\xCB"
                                                    "B\r\nlast line";
     const auto path = folder.file(*DiagnosticReportFileName("bench 3.txt"));
-    ASSERT_TRUE(SaveDiagnosticReport(path, report));
+    ASSERT_EQ(SaveDiagnosticReport(path, report), "");
     EXPECT_EQ(readWholeFile(path), report);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"bench 3.txt"});
-    EXPECT_FALSE(SaveDiagnosticReport(folder.file("missing/r.txt"), report));
+    EXPECT_NE(SaveDiagnosticReport(folder.file("missing/r.txt"), report).find("missing/r.txt"),
+              std::string::npos)
+        << "says which file could not be written";
     EXPECT_EQ(folder.names(), std::vector<std::string>{"bench 3.txt"}) << "nothing half written";
 }
 
@@ -265,4 +267,24 @@ TEST_F(DiagnosticFixture, ProgramsPanelReturnsToTheProgramThatWasCurrent) {
     EXPECT_EQ(controller.calls.front(), "clear");
     EXPECT_EQ(controller.calls[2], "read+clear") << "read 0.1 s after the send, then cleared";
     EXPECT_EQ(controller.sends[1].second, 100);
+}
+
+TEST_F(DiagnosticFixture, AStoppedScanCountsItsStepsAndEndsBetweenTwo) {
+    FillController(true);
+    DiagnosticBoxes boxes;
+    std::string progress;
+    std::vector<int> done;
+    ScanOptions options;
+    options.progress = [&](const std::string& added) { progress += added; };
+    options.stepDone = [&](int d, int count) {
+        EXPECT_EQ(count, 22);
+        done.push_back(d);
+    };
+    options.stopRequested = [&] { return done.size() == 6; }; // among the listings
+    const auto result = RunCompleteDiagnostic(diagnostic, boxes, options);
+    EXPECT_TRUE(result.stopped);
+    EXPECT_EQ(done, (std::vector<int>{1, 2, 3, 4, 5, 6}));
+    EXPECT_TRUE(progress.ends_with("Program 1 Complete\r\nScan Stopped\r\n")) << progress;
+    const auto s = sent();
+    EXPECT_EQ(std::count(s.begin(), s.end(), "PM2,lst,"), 0) << "nothing is asked after the stop";
 }
