@@ -4,6 +4,7 @@
 // writes its text to the display target when there is one, and returns it.
 #include "QueryCycle.h"
 
+#include "core/TextTarget.h"
 #include "link/ClsKdxCommands.h"
 
 #include <array>
@@ -11,13 +12,6 @@
 #include <string>
 
 namespace korval {
-
-// Where a method shows its text: a text box of a panel, or anything else with a settable text.
-class TextTarget {
-public:
-    virtual ~TextTarget() = default;
-    virtual void SetText(const std::string& text) = 0;
-};
 
 // A target that only keeps the text: for the complete diagnostic and for the command line.
 class TextBox final : public TextTarget {

@@ -1,5 +1,5 @@
 #pragma once
-// A control whose text a rule may set directly: a text box or a result label.
+// Where a rule shows its text: a text box, a result label, a box of an information panel.
 #include <string>
 
 namespace korval {
