@@ -7,7 +7,7 @@ namespace korval::cli {
 std::span<const CliCommand> AllCommands() {
     static const std::vector<CliCommand> all = [] {
         std::vector<CliCommand> commands;
-        for (const auto group : {LinkCommands(), DiagnosticCommands()}) {
+        for (const auto group : {LinkCommands(), DiagnosticCommands(), DeviceCommands()}) {
             commands.insert(commands.end(), group.begin(), group.end());
         }
         return commands;

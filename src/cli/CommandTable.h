@@ -8,6 +8,7 @@ namespace korval::cli {
 
 std::span<const CliCommand> LinkCommands();
 std::span<const CliCommand> DiagnosticCommands();
+std::span<const CliCommand> DeviceCommands();
 
 std::span<const CliCommand> AllCommands();
 
