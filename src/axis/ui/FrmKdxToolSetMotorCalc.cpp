@@ -53,6 +53,7 @@ FrmKdxToolSetMotorCalc::FrmKdxToolSetMotorCalc()
                           "Select if  motor has 8 wires");
     wires0_ = wiresOption(wiresFrame, options, "OptNumOfWires0", "Other",
                           "Select if  motor does not have 6 or 8 wires");
+    wiresFrame->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     top->addWidget(wiresFrame);
 
     wire_ = new DrawingBox("PicWire", std::nullopt, this);

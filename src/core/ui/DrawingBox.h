@@ -14,7 +14,7 @@ public:
     DrawingBox(const QString& name, std::optional<Drawing> drawing, QWidget* parent = nullptr);
     std::optional<Drawing> drawing() const { return drawing_; }
     void setDrawing(std::optional<Drawing> drawing);
-    QSize sizeHint() const override { return {220, 160}; }
+    QSize sizeHint() const override { return {260, 182}; }
 
 protected:
     void paintEvent(QPaintEvent*) override;

@@ -78,11 +78,11 @@ void motorOutline(QPainter& p, const char* title) {
     p.setBrush(Qt::NoBrush);
     p.drawRoundedRect(QRectF(MotorLeft, 6, 72, 128), 8, 8);
     QFont font = p.font();
-    font.setPixelSize(10);
+    font.setPixelSize(9);
     font.setBold(false);
     p.setFont(font);
     p.setPen(Ink);
-    p.drawText(QRectF(MotorLeft + 36, 60, 36, 20), Qt::AlignCenter, title);
+    p.drawText(QRectF(CoilX + 10, 60, MotorLeft + 70 - CoilX - 10, 20), Qt::AlignCenter, title);
 }
 
 // The ends of both phases go to A, /A, B and /B; the middle of each phase goes to COM. A
