@@ -48,6 +48,11 @@ void FrmKdxToolSetJogButtons::PicSave_MouseDown() {
 void FrmKdxToolSetJogButtons::ChkDisableJogsJoystick_Click() {
     const bool checked = disable_->isChecked();
     EnableControls({"TxtVelocity", "LblVelocity1", "LblVelocity2"}, !checked);
+    if (App().Restoring()) {
+        // The controller keeps what it was last sent, and may not be the last run's; the other
+        // window's box comes back on its own.
+        return;
+    }
     PicSave_MouseDown();
     // Setting the other box to the value it holds does not click it, so the mirror ends there.
     if (auto* digital = App().Form<FrmKdxToolSetJoystickDigital>(

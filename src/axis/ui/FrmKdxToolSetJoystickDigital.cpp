@@ -80,6 +80,11 @@ void FrmKdxToolSetJoystickDigital::ChkDisableJogsJoystick_Click() {
     EnableControls({"TxtSpeedPrimary", "LblSpeedPrimary1", "LblSpeedPrimary1B", "TxtSpeedSecondary",
                     "LblSpeedSecondary1", "LblSpeedSecondary1B"},
                    !checked);
+    if (App().Restoring()) {
+        // The controller keeps what it was last sent, and may not be the last run's; the other
+        // window's box comes back on its own.
+        return;
+    }
     PicSave_MouseDown();
     // Setting the other box to the value it holds does not click it, so the mirror ends there.
     if (auto* jog = App().Form<FrmKdxToolSetJogButtons>(

@@ -21,6 +21,9 @@ FrmKdxToolSetThumbwheel::FrmKdxToolSetThumbwheel()
 }
 
 void FrmKdxToolSetThumbwheel::ChkUseThumbwheel_Click() {
+    if (App().Restoring()) {
+        return; // the controller keeps what it was last sent, and may not be the last run's
+    }
     confirmation_->Show(SendSetting(App().kdx, ThumbwheelSetting(use_->isChecked())));
 }
 

@@ -4,6 +4,8 @@
 
 #include "axis/ui/FrmKdxToolSetAttached.h"
 #include "axis/ui/FrmKdxToolSetJogButtons.h"
+#include "axis/ui/FrmKdxToolSetJoystickDigital.h"
+#include "axis/ui/FrmKdxToolSetThumbwheel.h"
 #include "core/ClsIniFile.h"
 #include "core/ui/MdiKorval.h"
 
@@ -76,7 +78,14 @@ TEST_F(AttachedChooser, TheBoxesAreNotKeptButTheDeviceSettingsAre) {
     auto* chooser = open(2);
     chooser->Box(D::JogSpeeds)->setChecked(true);
     chooser->Box(D::JoystickAnalog)->setChecked(true);
-    window<FrmKdxToolSetJogButtons>("FrmKdxToolSetJogButtons2")->TxtVelocity()->setText("1700");
+    auto* jog = window<FrmKdxToolSetJogButtons>("FrmKdxToolSetJogButtons2");
+    auto* digital = window<FrmKdxToolSetJoystickDigital>("FrmKdxToolSetJoystickDigital2");
+    jog->TxtVelocity()->setText("1700");
+    jog->ChkDisableJogsJoystick()->setChecked(true);
+    digital->TxtSpeedPrimary()->setText("2500");
+    window<FrmKdxToolSetThumbwheel>("FrmKdxToolSetThumbwheel")
+        ->ChkUseThumbwheel()
+        ->setChecked(true);
     stop();
     ClsIniFile ini;
     const auto item = [&](const std::string& section, const std::string& key) {
@@ -87,9 +96,23 @@ TEST_F(AttachedChooser, TheBoxesAreNotKeptButTheDeviceSettingsAre) {
     EXPECT_EQ(item("FrmKdxToolSetAttachment2", "CmbAxis.ListIndex"), "1");
     EXPECT_EQ(item("FrmKdxToolSetJogButtons2", "TxtVelocity.Text"), "1700");
 
+    // The boxes come back as they were, and nothing is sent for them: the controller holds what
+    // it was last sent, and may be another one than in the last run.
     ASSERT_TRUE(start());
-    EXPECT_EQ(window<FrmKdxToolSetJogButtons>("FrmKdxToolSetJogButtons2")->TxtVelocity()->text(),
-              "1700");
+    jog = window<FrmKdxToolSetJogButtons>("FrmKdxToolSetJogButtons2");
+    digital = window<FrmKdxToolSetJoystickDigital>("FrmKdxToolSetJoystickDigital2");
+    EXPECT_EQ(jog->TxtVelocity()->text(), "1700");
+    EXPECT_EQ(digital->TxtSpeedPrimary()->text(), "2500");
+    EXPECT_TRUE(digital->ChkDisableJogsJoystick()->isChecked());
+    EXPECT_FALSE(jog->TxtVelocity()->isEnabled());
+    EXPECT_FALSE(digital->TxtSpeedPrimary()->isEnabled());
+    auto* thumbwheel = window<FrmKdxToolSetThumbwheel>("FrmKdxToolSetThumbwheel");
+    EXPECT_TRUE(thumbwheel->ChkUseThumbwheel()->isChecked());
+    for (const QLabel* said : {static_cast<QLabel*>(jog->LblConfirmation()),
+                               static_cast<QLabel*>(digital->LblConfirmation()),
+                               static_cast<QLabel*>(thumbwheel->LblConfirmation())}) {
+        EXPECT_EQ(said->text(), "");
+    }
     EXPECT_EQ(shown(), "");
 }
 
