@@ -82,21 +82,3 @@ TEST(TextBoxKeyPress, KeysApplyAtTheCaretOrOverTheSelection) {
         EXPECT_EQ(after.selStart, c.caret) << c.before.text << " key " << c.key;
     }
 }
-
-TEST(ComboKeyPress, AListBoxLetsNoTypedCharacterThrough) {
-    const struct {
-        int character;
-        bool kept;
-    } cases[] = {{'1', false},
-                 {'a', false},
-                 {' ', false},
-                 {ClsFormControl::Enter, false},
-                 {ClsFormControl::Backspace, false},
-                 {36, false},
-                 {37, true},
-                 {40, true},
-                 {41, false}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(ClsFormControl::ComboKeyPress(c.character), c.kept) << c.character;
-    }
-}
