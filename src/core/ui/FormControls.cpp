@@ -13,7 +13,8 @@ namespace korval {
 namespace {
 
 bool setObjEnabled(std::string_view form, const QString& control, bool enabled) {
-    auto* window = App().FindForm(form);
+    // No name would match a window without a virtual name, and its controls are not meant.
+    auto* window = form.empty() ? nullptr : App().FindForm(form);
     auto* widget = window != nullptr ? window->findChild<QWidget*>(control) : nullptr;
     if (widget == nullptr) {
         return false;
