@@ -1,7 +1,13 @@
 #include "FormRegistry.h"
 
 #include "axis/ui/AxisMenus.h"
+#include "axis/ui/FrmKdxToolSetAttached.h"
 #include "axis/ui/FrmKdxToolSetAxis.h"
+#include "axis/ui/FrmKdxToolSetJogButtons.h"
+#include "axis/ui/FrmKdxToolSetJoystickAnalog.h"
+#include "axis/ui/FrmKdxToolSetJoystickDigital.h"
+#include "axis/ui/FrmKdxToolSetMotorCalc.h"
+#include "axis/ui/FrmKdxToolSetThumbwheel.h"
 #include "axis/ui/FrmKdxToolWizardSetup.h"
 #include "core/ui/CoreMenus.h"
 #include "core/ui/FrmDriverDebug.h"
@@ -51,8 +57,16 @@ template <typename Window> FormBase* make() {
     return new Window();
 }
 
-template <int Axis> FormBase* makeAxis() {
-    return new FrmKdxToolSetAxis(Axis);
+// One of the four copies of a per-axis window. Its virtual name is set right after its caption,
+// before any setting is read, so that each copy keeps a section of its own.
+template <typename Window>
+std::function<FormBase*()> copyFor(int axis, const char* caption, const char* virtualName) {
+    return [=] {
+        auto* window = new Window(axis);
+        window->setWindowTitle(caption);
+        window->SetVirtualName(virtualName);
+        return window;
+    };
 }
 
 FormBase* bringOnline() {
@@ -69,10 +83,53 @@ const FormRow Rows[] = {
     {make<FrmKdxToolWizardSetup>, "Status: Wizard Loaded", Placement::Hidden},
     {make<FrmKdxToolDetect>, "Status: Auto-Detect Loaded"},
     {make<FrmKdxToolSetPort>, "", Placement::ToolBar},
-    {makeAxis<1>, "Status: Axis1 Loaded"},
-    {makeAxis<2>, "Status: Axis2 Loaded"},
-    {makeAxis<3>, "Status: Axis3 Loaded"},
-    {makeAxis<4>, "Status: Axis4 Loaded"},
+    {copyFor<FrmKdxToolSetAxis>(1, "Axis 1", "FrmKdxToolSetAxis1"), "Status: Axis1 Loaded"},
+    {copyFor<FrmKdxToolSetAxis>(2, "Axis 2", "FrmKdxToolSetAxis2"), "Status: Axis2 Loaded"},
+    {copyFor<FrmKdxToolSetAxis>(3, "Axis 3", "FrmKdxToolSetAxis3"), "Status: Axis3 Loaded"},
+    {copyFor<FrmKdxToolSetAxis>(4, "Axis 4", "FrmKdxToolSetAxis4"), "Status: Axis4 Loaded"},
+    {make<FrmKdxToolSetMotorCalc>, "Status: Motor Settings Calculator Loaded"},
+    // The choosers show the jog rows' texts.
+    {copyFor<FrmKdxToolSetAttached>(1, "Set Attached Devices - Axis 1", "FrmKdxToolSetAttachment1"),
+     "Status: Axis1 Jogs Loaded"},
+    {copyFor<FrmKdxToolSetAttached>(2, "Set Attached Devices - Axis 2", "FrmKdxToolSetAttachment2"),
+     "Status: Axis2 Jogs Loaded"},
+    {copyFor<FrmKdxToolSetAttached>(3, "Set Attached Devices - Axis 3", "FrmKdxToolSetAttachment3"),
+     "Status: Axis3 Jogs Loaded"},
+    {copyFor<FrmKdxToolSetAttached>(4, "Set Attached Devices - Axis 4", "FrmKdxToolSetAttachment4"),
+     "Status: Axis4 Jogs Loaded"},
+    {copyFor<FrmKdxToolSetJogButtons>(1, "Set Jog Buttons - Axis 1", "FrmKdxToolSetJogButtons1"),
+     "Status: Axis1 Jogs Loaded"},
+    {copyFor<FrmKdxToolSetJogButtons>(2, "Set Jog Buttons - Axis 2", "FrmKdxToolSetJogButtons2"),
+     "Status: Axis2 Jogs Loaded"},
+    {copyFor<FrmKdxToolSetJogButtons>(3, "Set Jog Buttons - Axis 3", "FrmKdxToolSetJogButtons3"),
+     "Status: Axis3 Jogs Loaded"},
+    {copyFor<FrmKdxToolSetJogButtons>(4, "Set Jog Buttons - Axis 4", "FrmKdxToolSetJogButtons4"),
+     "Status: Axis4 Jogs Loaded"},
+    {copyFor<FrmKdxToolSetJoystickAnalog>(1, "Set Analog Joystick - Axis 1",
+                                          "FrmKdxToolSetJoystickAnalog1"),
+     "Status: Axis1 Analog Joystick Loaded"},
+    {copyFor<FrmKdxToolSetJoystickAnalog>(2, "Set Analog Joystick - Axis 2",
+                                          "FrmKdxToolSetJoystickAnalog2"),
+     "Status: Axis2 Analog Joystick Loaded"},
+    {copyFor<FrmKdxToolSetJoystickAnalog>(3, "Set Analog Joystick - Axis 3",
+                                          "FrmKdxToolSetJoystickAnalog3"),
+     "Status: Axis3 Analog Joystick Loaded"},
+    {copyFor<FrmKdxToolSetJoystickAnalog>(4, "Set Analog Joystick - Axis 4",
+                                          "FrmKdxToolSetJoystickAnalog4"),
+     "Status: Axis4 Analog Joystick Loaded"},
+    {copyFor<FrmKdxToolSetJoystickDigital>(1, "Set Digital Joystick - Axis 1",
+                                           "FrmKdxToolSetJoystickDigital1"),
+     "Status: Axis1 Digital Joystick Loaded"},
+    {copyFor<FrmKdxToolSetJoystickDigital>(2, "Set Digital Joystick - Axis 2",
+                                           "FrmKdxToolSetJoystickDigital2"),
+     "Status: Axis2 Digital Joystick Loaded"},
+    {copyFor<FrmKdxToolSetJoystickDigital>(3, "Set Digital Joystick - Axis 3",
+                                           "FrmKdxToolSetJoystickDigital3"),
+     "Status: Axis3 Digital Joystick Loaded"},
+    {copyFor<FrmKdxToolSetJoystickDigital>(4, "Set Digital Joystick - Axis 4",
+                                           "FrmKdxToolSetJoystickDigital4"),
+     "Status: Axis4 Digital Joystick Loaded"},
+    {make<FrmKdxToolSetThumbwheel>, ""},
     {make<FrmKdxToolAutoReverse>, "Status: Auto-Reverse Loaded"},
     {make<FrmKdxToolVirtualJog>, "Status: Virtual Jog Loaded"},
     {make<FrmKdxToolQuickMoveSingle>, "Status: Single Axis QuickMove Loaded"},

@@ -42,4 +42,21 @@ std::vector<AttachedDevice> AttachedChecks::WindowsShown() const {
     return shown;
 }
 
+std::string DeviceWindowName(AttachedDevice device, int axis) {
+    const auto perAxis = [axis](const char* name) { return name + std::to_string(axis); };
+    switch (device) {
+    case AttachedDevice::Thumbwheel:
+        return "FrmKdxToolSetThumbwheel";
+    case AttachedDevice::AnalogInput:
+        return "";
+    case AttachedDevice::JoystickAnalog:
+        return perAxis("FrmKdxToolSetJoystickAnalog");
+    case AttachedDevice::JoystickDigital:
+        return perAxis("FrmKdxToolSetJoystickDigital");
+    case AttachedDevice::JogSpeeds:
+        return perAxis("FrmKdxToolSetJogButtons");
+    }
+    return "";
+}
+
 } // namespace korval

@@ -3,6 +3,7 @@
 // windows are shown. The thumbwheel takes the inputs for program selection, so it excludes
 // every device; the jog buttons and the digital joystick share their setting words.
 #include <array>
+#include <string>
 #include <vector>
 
 namespace korval {
@@ -22,5 +23,9 @@ private:
     static std::size_t index(AttachedDevice device) { return static_cast<std::size_t>(device); }
     std::array<bool, 5> checked_{};
 };
+
+// The virtual name of a device's window for an axis, "FrmKdxToolSetJogButtons2"; the thumbwheel
+// has one window for the whole controller, and the analog input none (empty).
+std::string DeviceWindowName(AttachedDevice device, int axis);
 
 } // namespace korval

@@ -2,7 +2,7 @@
 // The program's record of one axis: its motor and limit switches, the settings the controller
 // held before a test, and the advance per step in the user's units. It also holds the two text
 // cleaners every tool applies to a position or a velocity before it goes to the controller.
-#include "TextTarget.h"
+#include "core/TextTarget.h"
 
 #include "core/Currency.h"
 #include "core/Event.h"

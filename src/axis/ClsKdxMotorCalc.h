@@ -2,7 +2,7 @@
 // The motor settings calculator: from a motor's wires, rated current and inductance, whether
 // the controller can drive it and with which motor setting, or why it can't. Advice only:
 // nothing here reaches the controller.
-#include "TextTarget.h"
+#include "core/TextTarget.h"
 
 #include "core/Currency.h"
 

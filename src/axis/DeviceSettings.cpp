@@ -50,11 +50,11 @@ std::vector<std::string> AnalogSpeedRows() {
 }
 
 int SecondarySpeedRow(int row) {
-    return row == 0 ? 1 : row;
+    return row < 1 ? 1 : row;
 }
 
 std::string AnalogJoystickSetting(int axis, int primaryRow, int secondaryRow) {
-    if (primaryRow == 0) {
+    if (primaryRow <= 0) {
         return speedPair("A", axis, "0", "0");
     }
     return speedPair("A", axis, std::to_string(primaryRow), std::to_string(secondaryRow));
@@ -70,6 +70,11 @@ std::string DeadBandSetting(std::string& deadBandText) {
     return "setDA" + NumToText(Val(deadBandText)) + ",rsm";
 }
 
+std::vector<std::string> AnalogJoystickSettings(int axis, std::string& deadBandText, int primaryRow,
+                                                int secondaryRow) {
+    return {DeadBandSetting(deadBandText), AnalogJoystickSetting(axis, primaryRow, secondaryRow)};
+}
+
 std::string ThumbwheelSetting(bool useThumbwheel) {
     return useThumbwheel ? "C,setI67,rsm" : "C,setI7,rsm";
 }
@@ -79,6 +84,18 @@ bool SendSetting(ClsDriverKdx& driver, const std::string& setting) {
     driver.ClearPortChars();
     driver.SendCommandsToPort(setting);
     return driver.WaitForCharacter("^", 1) == 1;
+}
+
+bool SendSettings(ClsDriverKdx& driver, const std::vector<std::string>& settings) {
+    bool confirmed = true;
+    for (const auto& setting : settings) {
+        confirmed = SendSetting(driver, setting) && confirmed;
+    }
+    return confirmed;
+}
+
+std::string SettingConfirmation(bool confirmed) {
+    return confirmed ? "Stored in the KDX" : "Not confirmed: the KDX did not answer";
 }
 
 } // namespace korval

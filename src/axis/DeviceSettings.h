@@ -28,14 +28,20 @@ std::optional<std::string> DigitalJoystickSetting(int axis, std::string& primary
 std::vector<std::string> AnalogSpeedRows();
 inline constexpr int AnalogPrimaryStartRow = 1;
 inline constexpr int AnalogSecondaryStartRow = 10;
-// The secondary list can't disable the joystick: its row 0 becomes row 1.
+// The secondary list can't disable the joystick: its row 0 (or no row) becomes row 1.
 int SecondarySpeedRow(int row);
 
-// Analog joystick speeds; a primary row of 0 disables it, and sends 0 for the secondary too.
+// Analog joystick speeds; a primary row of 0 (or none, -1) disables it, and sends 0 for the
+// secondary too.
 std::string AnalogJoystickSetting(int axis, int primaryRow, int secondaryRow);
 
 // The dead band text is held to 20..100 in place; "setDA50,rsm" (it has no "C,").
 std::string DeadBandSetting(std::string& deadBandText);
+inline constexpr const char* AnalogDeadBandStart = "50";
+
+// What the analog joystick's save sends, in order: the dead band, then the speeds.
+std::vector<std::string> AnalogJoystickSettings(int axis, std::string& deadBandText, int primaryRow,
+                                                int secondaryRow);
 
 // "C,setI67,rsm" when the thumbwheel selects the program, "C,setI7,rsm" when it does not.
 std::string ThumbwheelSetting(bool useThumbwheel);
@@ -43,5 +49,10 @@ std::string ThumbwheelSetting(bool useThumbwheel);
 // Sends a setting string and waits at most a second for the controller's "^"; true when it
 // came, so a window can say that a setting was not confirmed.
 bool SendSetting(ClsDriverKdx& driver, const std::string& setting);
+// Each setting in turn, each with its own wait, even after one went unanswered; true when
+// every one was confirmed.
+bool SendSettings(ClsDriverKdx& driver, const std::vector<std::string>& settings);
+// What a device window shows once its settings have gone out.
+std::string SettingConfirmation(bool confirmed);
 
 } // namespace korval

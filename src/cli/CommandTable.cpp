@@ -8,7 +8,7 @@ std::span<const CliCommand> AllCommands() {
     static const std::vector<CliCommand> all = [] {
         std::vector<CliCommand> commands;
         for (const auto group : {LinkCommands(), DiagnosticCommands(), AxisCommands(),
-                                 MotionCommands(), AutoReverseCommands()}) {
+                                 DeviceCommands(), MotionCommands(), AutoReverseCommands()}) {
             commands.insert(commands.end(), group.begin(), group.end());
         }
         return commands;

@@ -9,6 +9,7 @@ namespace korval::cli {
 std::span<const CliCommand> LinkCommands();
 std::span<const CliCommand> DiagnosticCommands();
 std::span<const CliCommand> AxisCommands();
+std::span<const CliCommand> DeviceCommands();
 std::span<const CliCommand> MotionCommands();
 std::span<const CliCommand> AutoReverseCommands();
 

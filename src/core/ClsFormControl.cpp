@@ -32,4 +32,8 @@ TextBoxState ClsFormControl::TextBoxKeyPress(TextBoxState box, int key) {
     return box;
 }
 
+bool ClsFormControl::ComboKeyPress(int character) {
+    return character >= 37 && character <= 40;
+}
+
 } // namespace korval

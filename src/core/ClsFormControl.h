@@ -1,6 +1,7 @@
 #pragma once
 // How a key typed into one of the program's text boxes changes its text: the program applies
-// keys itself rather than leaving them to the control.
+// keys itself rather than leaving them to the control. And which typed characters a list box
+// lets through.
 #include <string>
 
 namespace korval {
@@ -20,6 +21,10 @@ public:
     // before the caret, or the selection; any other code is typed at the caret, or over the
     // selection. The caret never goes below 0.
     static TextBoxState TextBoxKeyPress(TextBoxState box, int key);
+
+    // A list box takes no typed text: of the characters typed at it only codes 37 to 40 pass.
+    // Keys that type nothing (the arrows among them) are not characters and always reach it.
+    static bool ComboKeyPress(int character);
 };
 
 } // namespace korval

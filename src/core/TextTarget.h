@@ -1,6 +1,6 @@
 #pragma once
-// A control whose text a rule may set directly: a text box or a result label. The axis and the
-// diagnostic rules both write through it, so one definition serves every room.
+// Where a rule shows its text: a text box, a result label, a box of an information panel. The
+// axis and the diagnostic rules both write through it, so one definition serves every room.
 #include <string>
 
 namespace korval {

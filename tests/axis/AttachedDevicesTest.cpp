@@ -62,6 +62,23 @@ TEST(AttachedChoice, EveryCheckedDeviceWithAWindowIsShown) {
     EXPECT_TRUE(checks.WindowsShown().empty());
 }
 
+TEST(AttachedChoice, EachDeviceWindowIsNamedForItsAxis) {
+    const struct {
+        D device;
+        int axis;
+        const char* name;
+    } cases[] = {
+        {D::JogSpeeds, 1, "FrmKdxToolSetJogButtons1"},
+        {D::JoystickDigital, 4, "FrmKdxToolSetJoystickDigital4"},
+        {D::JoystickAnalog, 2, "FrmKdxToolSetJoystickAnalog2"},
+        {D::Thumbwheel, 3, "FrmKdxToolSetThumbwheel"},
+        {D::AnalogInput, 1, ""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(DeviceWindowName(c.device, c.axis), c.name);
+    }
+}
+
 TEST(DeviceSettings, JogButtonsSendTheCleanedVelocityTwice) {
     const struct {
         int axis;
@@ -124,8 +141,15 @@ TEST(DeviceSettings, AnalogJoystickRowsAreTheValuesSent) {
     EXPECT_EQ(AnalogJoystickSetting(1, 0, 10), "C,setjA1M0,setJA1M0,,rsm");
     EXPECT_EQ(AnalogJoystickSetting(2, 1, 10), "C,setjA2M1,setJA2M10,,rsm");
     EXPECT_EQ(AnalogJoystickSetting(4, 24, 24), "C,setjA4M24,setJA4M24,,rsm");
+    EXPECT_EQ(AnalogJoystickSetting(3, -1, 5), "C,setjA3M0,setJA3M0,,rsm") << "no row selected";
     EXPECT_EQ(SecondarySpeedRow(0), 1);
+    EXPECT_EQ(SecondarySpeedRow(-1), 1);
     EXPECT_EQ(SecondarySpeedRow(7), 7);
+    std::string deadBand = "150";
+    EXPECT_EQ(AnalogJoystickSettings(2, deadBand, 3, 9),
+              (std::vector<std::string>{"setDA100,rsm", "C,setjA2M3,setJA2M9,,rsm"}))
+        << "the dead band goes first";
+    EXPECT_EQ(deadBand, "100");
 }
 
 TEST(DeviceSettings, TheDeadBandIsHeldTo20To100InTheBox) {
@@ -160,4 +184,13 @@ TEST(DeviceSettings, ASettingIsConfirmedOnlyByTheCaretThatFollowsIt) {
     EXPECT_EQ(fake.calls, (std::vector<std::string>{"clear", "send C,setI7,rsm", "wait ^ 10000"}));
     fake.waitResult = 0;
     EXPECT_FALSE(SendSetting(driver, "C,setI67,rsm"));
+
+    // One unanswered setting does not keep the next from going out, nor pass for confirmed.
+    fake.calls.clear();
+    EXPECT_FALSE(SendSettings(driver, {"setDA20,rsm", "C,setjA1M1,setJA1M10,,rsm"}));
+    EXPECT_EQ(fake.calls,
+              (std::vector<std::string>{"clear", "send setDA20,rsm", "wait ^ 10000", "clear",
+                                        "send C,setjA1M1,setJA1M10,,rsm", "wait ^ 10000"}));
+    fake.waitResult = 1;
+    EXPECT_TRUE(SendSettings(driver, {"setDA20,rsm", "C,setjA1M1,setJA1M10,,rsm"}));
 }

@@ -38,6 +38,15 @@ TEST(CliRun, ExitStatusesAndMessages) {
         {"--sim watch inputs --seconds 0", 2, "korval-cli: watch takes limits, inputs"},
         {"--sim=firmware=1.21 watch outputs --seconds 2", 1,
          "korval-cli: Outputs Troubleshooter cannot be used with a KDX version lower than 1.22"},
+        {"calc-motor --wires six --current 1 --inductance 1", 2, "korval-cli: --wires takes"},
+        {"calc-motor --wires 6 --current 1", 2, "korval-cli: calc-motor takes --wires W"},
+        {"--sim attach 5 jog --velocity 1", 2, "korval-cli: attach takes AXIS (1 to 4)"},
+        {"--sim attach 1 jog", 2, "korval-cli: attach jog takes --velocity V, or --disable"},
+        {"--sim attach 1 digital --primary 2000 --secondary 2001", 2,
+         "korval-cli: Speed Error: Secondary speed can not be higher than primary speed"},
+        {"--sim attach 1 analog --primary 25", 2, "korval-cli: --primary takes a row from 0 to 24"},
+        {"--sim attach 1 thumbwheel maybe", 2,
+         "korval-cli: attach AXIS thumbwheel takes on or off"},
     };
     for (const auto& c : cases) {
         const auto r = run(cli(c.args) + " 2>" + errors);
@@ -250,4 +259,53 @@ TEST(CliRun, WatchPrintsEachSwitchChangeAsALine) {
     const double pressedAt = std::stod(r.out.substr(0, on));
     EXPECT_GT(pressedAt, 0.5) << r.out;
     EXPECT_LT(pressedAt, 2.5) << r.out;
+}
+
+TEST(CliRun, CalcMotorPrintsWhatTheCalculatorShows) {
+    const std::string contact = "Contact Tavrin Sales for a Motor that may be used\n";
+    const std::string wires = "Motor Cannot be used, Invalid Number of Wires. " + contact;
+    const struct {
+        const char* args;
+        std::string out;
+    } cases[] = {
+        {"--wires 6 --current 1 --inductance 2",
+         "Calculated value = 0.7404, use KDX Motor Setting = 1\n"},
+        {"--inductance 2 --current 1 --wires 8",
+         "Calculated value = 0.7404, use KDX Motor Setting = 1\n"},
+        {"--wires 0 --current 1 --inductance 2", wires},
+        {"--wires 4 --current 1 --inductance 2", wires},
+        {"--wires 8 --current 0.395 --inductance 1", "\n"},
+        {"--wires 6 --current -1 --inductance -2", "\n"},
+        {"--wires 6 --current abc --inductance 2",
+         "Motor Cannot be used, Current Spec too Low. " + contact},
+        {"--wires 6 --current 5 --inductance 4",
+         "Motor Cannot be used, I*L Product Invalid.(Val=20), " + contact},
+        {"--wires 6 --current 4.7001 --inductance 1",
+         "Motor Cannot be used, Current Spec too High. " + contact},
+    };
+    for (const auto& c : cases) {
+        const auto r = run(cli(std::string("calc-motor ") + c.args));
+        EXPECT_EQ(r.status, 0) << c.args;
+        EXPECT_EQ(r.out, c.out) << c.args;
+    }
+}
+
+TEST(CliRun, AttachSendsWhatTheDeviceWindowsSend) {
+    const struct {
+        const char* args;
+        const char* out;
+    } cases[] = {
+        {"3 jog --velocity 7000", "C,setj3M6000,setJ3M6000,,rsm\n"},
+        {"1 jog --disable", "C,setj1M0,setJ1M0,,rsm\n"},
+        {"4 digital --primary 3000 --secondary 1500", "C,setj4M3000,setJ4M1500,,rsm\n"},
+        {"2 analog --primary 4 --secondary 0 --deadband 7",
+         "setDA20,rsm\nC,setjA2M4,setJA2M1,,rsm\n"},
+        {"2 analog", "setDA50,rsm\nC,setjA2M1,setJA2M10,,rsm\n"},
+        {"1 thumbwheel off", "C,setI7,rsm\n"},
+    };
+    for (const auto& c : cases) {
+        const auto r = run(cli(std::string("--sim=arrangement=2+2 attach ") + c.args));
+        EXPECT_EQ(r.status, 0) << c.args;
+        EXPECT_EQ(r.out, c.out) << c.args;
+    }
 }

@@ -1,14 +1,18 @@
 #include "AxisMenus.h"
 
+#include "FrmKdxToolSetAttached.h"
 #include "FrmKdxToolSetAxis.h"
+#include "FrmKdxToolSetMotorCalc.h"
 #include "FrmKdxToolWizardSetup.h"
 
 #include "axis/AbsentAxisControls.h"
+#include "core/ui/FormControls.h"
 #include "core/ui/KorvalServices.h"
 #include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
 
 #include <QAction>
+#include <QComboBox>
 
 namespace korval {
 
@@ -23,17 +27,29 @@ QString axisMenu(int axis) {
 void disableAbsentAxes(MdiKorval& mdi) {
     const auto menuOn = [&mdi](int axis) { return mdi.Menu(axisMenu(axis))->isEnabled(); };
     for (const auto& c : ControlsOfAbsentAxes(menuOn)) {
-        if (auto* form = App().FindForm(c.form)) {
-            if (auto* control = form->findChild<QWidget*>(Latin1(c.control))) {
-                control->setEnabled(false);
-            }
-        }
+        FormControls::DisableObj(c.form, Latin1(c.control));
+    }
+}
+
+// The motor calculator, and each axis's chooser of attached devices.
+void wireDevices(MdiKorval& mdi) {
+    auto& app = App();
+    auto* calculator = app.Form<FrmKdxToolSetMotorCalc>("FrmKdxToolSetMotorCalc");
+    mdi.SetHandler("MnuToolsSetUpMotorCalculator", [calculator] { calculator->ShowWindow(); });
+    for (int axis = 1; axis <= 4; ++axis) {
+        auto* chooser =
+            app.Form<FrmKdxToolSetAttached>("FrmKdxToolSetAttachment" + std::to_string(axis));
+        mdi.SetHandler(QString("MnuToolsSetUpAttachedAxis%1").arg(axis), [chooser, axis] {
+            chooser->CmbAxis()->setCurrentIndex(axis - 1);
+            chooser->ShowWindow();
+        });
     }
 }
 
 } // namespace
 
 void WireAxisMenus(MdiKorval& mdi) {
+    wireDevices(mdi);
     auto& app = App();
     for (int axis = 1; axis <= 4; ++axis) {
         auto* tool = app.Form<FrmKdxToolSetAxis>("FrmKdxToolSetAxis" + std::to_string(axis));

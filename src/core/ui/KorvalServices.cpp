@@ -1,5 +1,7 @@
 #include "KorvalServices.h"
 
+#include "MdiKorval.h"
+
 #include <QCoreApplication>
 
 namespace korval {
@@ -40,6 +42,10 @@ FormBase* KorvalServices::FindForm(std::string_view name) const {
 bool KorvalServices::IsVisible(std::string_view name) const {
     const auto* form = FindForm(name);
     return form != nullptr && form->IsShown();
+}
+
+bool KorvalServices::Restoring() const {
+    return mdi == nullptr || !mdi->isVisible();
 }
 
 bool KorvalServices::PortIsOpen() {

@@ -40,6 +40,9 @@ public:
 
     // Whether the port is open; the port window's "Port Open" box follows this.
     bool PortIsOpen();
+    // True while start-up brings the saved settings back, before the main window is shown: a
+    // control set back to its saved value is not the user asking for anything.
+    bool Restoring() const;
 
     // Flags of the main window's buttons, read by the terminal's timer.
     bool stopFlag = false;
