@@ -15,9 +15,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size == 0) {
         return 0;
     }
-    static const char* const Items[] = {"V,", "X1,", "getM3M,", "rsm", "lst,", "F,"};
+    static const char* const Items[] = {"V,", "X1,", "getM3M,", "setM1M3,rsm", "lst,", "F,"};
     static const ReplyKind Kinds[] = {ReplyKind::Status, ReplyKind::Word,    ReplyKind::Word,
-                                      ReplyKind::Caret,  ReplyKind::Listing, ReplyKind::None};
+                                      ReplyKind::Stored, ReplyKind::Listing, ReplyKind::None};
     const auto pick = data[0] % 6;
     ReplyReader reader(Kinds[pick], Items[pick]);
     std::string_view input(reinterpret_cast<const char*>(data + 1), size - 1);
@@ -33,8 +33,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const std::string item = Items[pick];
     const auto kept = passed.size() + reader.reply().size();
-    // What is neither passed on nor the answer can only be the item's echo (and a caret taken as
-    // the answer to "rsm").
+    // What is neither passed on nor the answer can only be the item's echo (and the caret that
+    // ends a setting).
     if (kept > fed || fed - kept > item.size() + 1) {
         std::abort();
     }

@@ -58,9 +58,11 @@ bool command(const std::string& item) {
     return driver().transact(item, korval::driver::ReplyKind::None).has_value();
 }
 
+// 1 once the controller has stored it; 0 when it refused the setting ("J", "ËB") or was silent.
 std::int32_t storeSetting(const std::string& word, std::int32_t motor, std::int32_t value) {
-    const auto item = word + std::to_string(motor) + "M" + std::to_string(value) + ",";
-    return command(item) && driver().transact("rsm", korval::driver::ReplyKind::Caret) ? 1 : 0;
+    const auto item = word + std::to_string(motor) + "M" + std::to_string(value) + ",rsm";
+    const auto refusal = driver().transact(item, korval::driver::ReplyKind::Stored);
+    return refusal && refusal->empty() ? 1 : 0;
 }
 
 } // namespace

@@ -10,6 +10,13 @@ constexpr char RunEnd = '^';
 
 } // namespace
 
+bool ReplyReader::refusalGoesOn(char c) const {
+    if (reply_.empty()) {
+        return c == 'J' || c == StatusLead;
+    }
+    return reply_.size() == 1 && reply_[0] == StatusLead;
+}
+
 std::string ReplyReader::feed(std::string_view bytes) {
     std::string others;
     for (const char c : bytes) {
@@ -39,13 +46,13 @@ bool ReplyReader::takes(char c) {
     }
     if (c == RunEnd) {
         // A run that ends meanwhile says so with "^": never part of any other answer.
-        if (kind_ != ReplyKind::Caret) {
+        if (kind_ != ReplyKind::Stored) {
             return false;
         }
         heard_ = complete_ = true;
         return true;
     }
-    if (kind_ == ReplyKind::Caret) {
+    if (kind_ == ReplyKind::Stored && !refusalGoesOn(c)) {
         return false;
     }
     heard_ = true;
@@ -62,7 +69,7 @@ bool ReplyReader::takes(char c) {
         complete_ = c == '\r';
         break;
     case ReplyKind::None:
-    case ReplyKind::Caret:
+    case ReplyKind::Stored:
         break;
     }
     return true;

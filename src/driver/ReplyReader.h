@@ -12,7 +12,7 @@ enum class ReplyKind {
     None,    // a command: nothing comes back
     Status,  // one status byte, or the error lead byte and one more
     Word,    // decimal text ending in CR; or a refusal, "J" or the error lead byte and one more
-    Caret,   // "^", as "rsm" answers
+    Stored,  // a setting and its "rsm": "^", after a refusal ("J", or "Ë" and one more) if any
     Listing, // a program listing, ending in CR
 };
 
@@ -32,6 +32,7 @@ public:
 private:
     bool takesEcho(char c);
     bool takes(char c);
+    bool refusalGoesOn(char c) const; // the refusal of a setting, before its "^"
 
     ReplyKind kind_;
     std::string item_;

@@ -46,6 +46,9 @@ public:
 
 private:
     void poll() {
+        if (!AppRunning()) {
+            return; // the program of this round has gone; the next one starts later
+        }
         auto* wizard = App().Form<FrmKdxToolWizardSetup>("FrmKdxToolWizardSetup");
         if (busy_ || wizard == nullptr) {
             return;

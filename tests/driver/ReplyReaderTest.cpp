@@ -52,7 +52,15 @@ TEST(ReplyReader, ReadsEachAnswerByItsFormAndPassesEveryOtherByteOn) {
          std::string(1, '\0')},
         {ReplyKind::Word, "getM1M,", {"20", "^", "00\r^"}, true, "2000\r", "^^"},
         {ReplyKind::Word, "getM1M,", {"20"}, false, "20", ""},
-        {ReplyKind::Caret, "rsm", {"\x7B", "^", "}"}, true, "", "\x7B}"},
+        {ReplyKind::Stored, "setM1M3,rsm", {"\x7B", "^", "}"}, true, "", "\x7B}"},
+        {ReplyKind::Stored,
+         "setM3M3,rsm",
+         {"\xCB", "B^"},
+         true,
+         "\xCB"
+         "B",
+         ""},
+        {ReplyKind::Stored, "setM2M3,rsm", {"J", "7^"}, true, "J", "7"},
         {ReplyKind::Listing, "lst,", {"S1M500,I1M-0,", "LA5,\r"}, true, "S1M500,I1M-0,LA5,\r", ""},
         {ReplyKind::None, "F,", {"{\x7B\x7D"}, false, "", "{\x7B\x7D"},
         // With echo on the item comes back around the answer.

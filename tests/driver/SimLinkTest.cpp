@@ -150,6 +150,17 @@ TEST_F(SimLink, EachStatusWordAsTheControllerReportsIt) {
     }
 }
 
+TEST_F(SimLink, AMotorSettingIsStoredOrRefusedAsTheControllerSays) {
+    startSim("arrangement=2+1");
+    online();
+    EXPECT_EQ(kdx.SetMotorSetting(2, 4), 1);
+    EXPECT_EQ(kdx.GetMotorSetting(2), 4);
+    EXPECT_EQ(kdx.SetMotorSetting(4, 4), 0) << "a one-motor second controller: J";
+    EXPECT_EQ(kdx.SetLimitSetting(1, -2), 1);
+    EXPECT_EQ(kdx.GetLimitSetting(1), -2);
+    EXPECT_EQ(kdx.VerifyStatus(), "ONLINEREADY");
+}
+
 TEST_F(SimLink, StoringSettingsEndsWithTheCaret) {
     startSim();
     online();

@@ -16,6 +16,10 @@ KorvalServices& App() {
     return *instance;
 }
 
+bool AppRunning() {
+    return instance != nullptr;
+}
+
 KorvalServices::KorvalServices(Prompts& p, ProgramFolders f) : prompts(p), folders(std::move(f)) {
     instance = this;
     // Sink writes arrive on driver threads; their handlers run on the program's thread.

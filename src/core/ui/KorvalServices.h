@@ -76,5 +76,7 @@ public:
 };
 
 KorvalServices& App();
+// Whether the program's services exist: a late timer after shutdown finds none.
+bool AppRunning();
 
 } // namespace korval
