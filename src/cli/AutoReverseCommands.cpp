@@ -7,7 +7,7 @@
 
 #include "core/AtomicFile.h"
 #include "core/MessageLog.h"
-#include "core/ui/PreviewChart.h"
+#include "core/chart/PreviewChart.h"
 #include "motion/AutoReverseActions.h"
 #include "motion/AutoReversePreview.h"
 #include "motion/AutoReverseSetting.h"

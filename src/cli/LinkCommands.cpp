@@ -7,7 +7,7 @@
 
 #include "link/PortLabels.h"
 #include "link/PortMap.h"
-#include "link/ui/SystemSerialPorts.h"
+#include "link/system/SystemSerialPorts.h"
 #include "scripts/TerminalSend.h"
 
 #include <ostream>

@@ -6,9 +6,9 @@
 #include "FrmKdxToolWizardSetup.h"
 
 #include "axis/AbsentAxisControls.h"
+#include "core/qt/Latin1.h"
 #include "core/ui/FormControls.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
 
 #include <QAction>

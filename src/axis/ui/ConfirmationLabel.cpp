@@ -1,7 +1,7 @@
 #include "ConfirmationLabel.h"
 
 #include "axis/DeviceSettings.h"
-#include "core/ui/Latin1.h"
+#include "core/qt/Latin1.h"
 
 namespace korval {
 

@@ -4,8 +4,8 @@
 
 #include "axis/AttachedChoice.h"
 #include "axis/DeviceSettings.h"
+#include "core/qt/Latin1.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

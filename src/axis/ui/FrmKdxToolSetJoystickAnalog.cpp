@@ -1,9 +1,9 @@
 #include "FrmKdxToolSetJoystickAnalog.h"
 
 #include "axis/DeviceSettings.h"
+#include "core/qt/Latin1.h"
 #include "core/ui/DrawingBox.h"
 #include "core/ui/FormControls.h"
-#include "core/ui/Latin1.h"
 
 #include <QComboBox>
 #include <QGroupBox>

@@ -2,7 +2,7 @@
 
 #include "LabelTarget.h"
 
-#include "core/ui/Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

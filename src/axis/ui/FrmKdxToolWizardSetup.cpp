@@ -6,10 +6,10 @@
 
 #include "axis/LimitList.h"
 #include "axis/MotorList.h"
+#include "core/qt/Latin1.h"
 #include "core/ui/CentreOnScreen.h"
 #include "core/ui/FrmMsgBox.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
 #include "core/ui/PictureButton.h"
 

@@ -2,7 +2,7 @@
 // A label whose caption a rule writes, as it writes any text target.
 #include "core/TextTarget.h"
 
-#include "core/ui/Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include <QLabel>
 

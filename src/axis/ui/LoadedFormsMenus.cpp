@@ -1,7 +1,7 @@
 #include "LoadedFormsMenus.h"
 
+#include "core/qt/Latin1.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
 
 #include <QAction>

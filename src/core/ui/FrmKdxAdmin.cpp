@@ -1,5 +1,5 @@
 #include "FrmKdxAdmin.h"
-#include "core/ui/Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include "KorvalServices.h"
 #include "MdiKorval.h"

@@ -4,7 +4,7 @@
 #include "FocusKeeper.h"
 #include "FrmKdxToolSplash.h"
 #include "KorvalServices.h"
-#include "Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include "core/MainWindowRules.h"
 #include "core/MenuTree.h"

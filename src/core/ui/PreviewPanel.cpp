@@ -1,8 +1,8 @@
 #include "PreviewPanel.h"
 
 #include "HourGlass.h"
-#include "Latin1.h"
-#include "PreviewChart.h"
+#include "core/chart/PreviewChart.h"
+#include "core/qt/Latin1.h"
 
 #include "core/Numbers.h"
 #include "core/Text.h"

@@ -1,6 +1,6 @@
 #include "QtPrompts.h"
 
-#include "Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include <QFileDialog>
 #include <QInputDialog>

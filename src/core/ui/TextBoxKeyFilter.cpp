@@ -1,6 +1,6 @@
 #include "TextBoxKeyFilter.h"
 
-#include "Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include "core/ClsFormControl.h"
 

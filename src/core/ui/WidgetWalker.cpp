@@ -1,7 +1,7 @@
 #include "WidgetWalker.h"
 
 #include "FormBase.h"
-#include "Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include "core/SettingsValue.h"
 

@@ -1,6 +1,6 @@
 #include "BoxTarget.h"
 
-#include "core/ui/Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include <QPlainTextEdit>
 

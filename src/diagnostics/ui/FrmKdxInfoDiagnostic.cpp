@@ -3,9 +3,9 @@
 #include "InfoPanel.h"
 #include "ScanLine.h"
 
+#include "core/qt/Latin1.h"
 #include "core/ui/HourGlass.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
 #include "core/ui/PictureButton.h"
 #include "diagnostics/CompleteDiagnostic.h"

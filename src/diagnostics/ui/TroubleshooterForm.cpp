@@ -2,9 +2,9 @@
 
 #include "ScanLine.h"
 
+#include "core/qt/Latin1.h"
 #include "core/ui/KorvalServices.h"
 #include "core/ui/Lamp.h"
-#include "core/ui/Latin1.h"
 
 #include <QApplication>
 #include <QClipboard>

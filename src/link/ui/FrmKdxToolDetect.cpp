@@ -3,8 +3,8 @@
 #include "FrmKdxToolSetPort.h"
 
 #include "core/MainWindowRules.h"
+#include "core/qt/Latin1.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #include "FrmKdxToolSetPort.h"
 
 #include "DeviceWatcher.h"
-#include "SystemSerialPorts.h"
+#include "link/system/SystemSerialPorts.h"
 
 #include "core/Numbers.h"
 #include "core/ui/KorvalServices.h"

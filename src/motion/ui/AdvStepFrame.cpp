@@ -1,8 +1,8 @@
 #include "AdvStepFrame.h"
 
 #include "axis/ClsKdxAxis.h"
+#include "core/qt/Latin1.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/PictureButton.h"
 #include "core/ui/TextBoxKeyFilter.h"
 #include "motion/QuickMoveUnits.h"

@@ -1,8 +1,8 @@
 #include "FrmKdxToolAutoReverse.h"
 
+#include "core/qt/Latin1.h"
 #include "core/ui/HourGlass.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
 #include "core/ui/PictureButton.h"
 #include "core/ui/PreviewPanel.h"

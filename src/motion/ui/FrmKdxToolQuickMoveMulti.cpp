@@ -4,8 +4,8 @@
 #include "MotorOptions.h"
 #include "NamedControls.h"
 
+#include "core/qt/Latin1.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/PictureButton.h"
 
 #include <QGridLayout>

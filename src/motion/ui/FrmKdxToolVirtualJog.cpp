@@ -5,8 +5,8 @@
 #include "NamedControls.h"
 
 #include "axis/ClsKdxAxis.h"
+#include "core/qt/Latin1.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/MdiKorval.h"
 
 #include <QGridLayout>

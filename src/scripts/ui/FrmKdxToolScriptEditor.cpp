@@ -4,9 +4,9 @@
 #include "FrmMsgBoxCodeFormat.h"
 
 #include "core/ClsReadWriteFile.h"
+#include "core/qt/Latin1.h"
 #include "core/ui/HourGlass.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "core/ui/PictureButton.h"
 #include "core/ui/PreviewPanel.h"
 #include "scripts/ScriptText.h"

@@ -3,8 +3,8 @@
 #include "CodeEditor.h"
 #include "SentHighlighter.h"
 
+#include "core/qt/Latin1.h"
 #include "core/ui/KorvalServices.h"
-#include "core/ui/Latin1.h"
 #include "scripts/ScriptText.h"
 #include "scripts/TerminalSend.h"
 

@@ -1,6 +1,6 @@
 #include "PreviewChart.h"
 
-#include "Latin1.h"
+#include "core/qt/Latin1.h"
 
 #include "sim/PreviewReport.h"
 

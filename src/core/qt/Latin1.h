@@ -1,5 +1,5 @@
 #pragma once
-// The program's text is single-byte; widgets hold QString. These cross between the two.
+// The program's text is single-byte; Qt holds QString. These cross between the two.
 #include <QString>
 
 #include <string>
