@@ -84,6 +84,8 @@ public:
 
 private:
     KdxDriver();
+    // Runs `work` in the receive thread, which owns the port, and returns once it is done.
+    void inReceiveThread(const std::function<void()>& work);
     void onBytes(const std::string& bytes);
     void toStream(const std::string& stream);
     void write(const std::string& bytes, char direction);

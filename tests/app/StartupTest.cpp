@@ -45,9 +45,9 @@ TEST_F(StartupFixture, WithTheLibrariesInPlaceTheMainWindowComesUpWithEveryMenu)
         if (e.caption != "-") {
             EXPECT_EQ(action->text().toStdString(), e.caption) << e.name;
         }
-        // A tool whose window does not exist yet is shown but cannot be clicked.
+        // Every entry has its window: none is left disabled for want of one.
         if (action->menu() == nullptr && !action->isSeparator()) {
-            EXPECT_EQ(action->isEnabled(), mdi->HasHandler(name)) << e.name;
+            EXPECT_TRUE(mdi->HasHandler(name)) << e.name;
         }
     }
     EXPECT_TRUE(mdi->Menu("MnuToolsVirtualJog")->isEnabled());
