@@ -60,6 +60,8 @@ QAreaSeries* bandsOf(const sim::PreviewResult& r, const Band& band, double low, 
     }
     lower->append({{0, low}, {std::max(r.traced, 0.001), low}});
     auto* area = new QAreaSeries(upper, lower);
+    upper->setParent(area); // the area does not own its two edges: they go with it
+    lower->setParent(area);
     area->setName(Latin1(sim::MarkName(band.kind)));
     area->setColor(band.colour);
     area->setBorderColor(band.colour);
