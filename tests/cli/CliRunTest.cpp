@@ -112,11 +112,24 @@ TEST(CliRun, ALanguageOnlyControllerOnARealPortGivesTheSameReport) {
 
 TEST(CliRun, CtrlCEndsTheScanBetweenQueriesAndWritesNothing) {
     TempFolder dir;
-    const auto r = run("bash -c '" + cli("--sim diag --output " + dir.file("r")) + " 2>" +
-                       dir.file("err") + " & sleep 1.5; kill -INT $!; wait $!; echo $?'");
+    const auto r = run("bash -c '" + cli("--sim --exact-timing diag --output " + dir.file("r")) +
+                       " 2>" + dir.file("err") + " & sleep 1.5; kill -INT $!; wait $!; echo $?'");
     EXPECT_EQ(r.out, "130\n");
     const auto err = slurp(dir.file("err"));
     EXPECT_NE(err.find("korval-cli: interrupted during \"Scanning "), std::string::npos) << err;
     EXPECT_TRUE(err.ends_with("\"; no report written\n")) << err;
     EXPECT_EQ(dir.names(), std::vector<std::string>{"err"}) << "nothing half written";
+}
+
+// A controller that answers late and slowly, within the fixed waits: over a real port the quick
+// mode and --exact-timing both give the report of a prompt controller, byte for byte.
+TEST(CliRun, ALateControllerGivesTheSameReportInBothTimings) {
+    const auto prompt = run(cli("--sim=arrangement=2+2 diag 2>/dev/null"));
+    ASSERT_EQ(prompt.status, 0);
+    const char* late = "--sim=arrangement=2+2,reply-delay=20,char-spacing=3 ";
+    for (const char* timing : {"", "--exact-timing "}) {
+        const auto r = run(cli(late + std::string(timing) + "diag 2>/dev/null"));
+        EXPECT_EQ(r.status, 0) << timing;
+        EXPECT_EQ(r.out, prompt.out) << timing;
+    }
 }

@@ -14,6 +14,7 @@
 #include "link/ClsDriverKdx.h"
 #include "link/ClsKdxCommands.h"
 #include "link/Mailbox.h"
+#include "link/ReplyTiming.h"
 
 #include <string_view>
 #include <vector>
@@ -49,6 +50,8 @@ public:
     // Above 0 while a diagnostic scan or a troubleshooter owns the line (see LineHold): the
     // terminal and the program's own pollers leave the port alone meanwhile.
     int lineHeld = 0;
+    // How long queries listen for their replies; "Exact timing" of the port settings.
+    ReplyTiming replyTiming;
 
     Prompts& prompts;
     ProgramFolders folders;
