@@ -176,9 +176,11 @@ void FrmKdxToolScriptEditor::FormatCode(bool withComments) {
 void FrmKdxToolScriptEditor::PicTestScript_MouseDown() {
     auto& app = App();
     auto& kdx = app.kdx;
+    if (SendingScript()) {
+        return; // File > Transfer has the line
+    }
     test_->showDown();
-    format_->setEnabled(false);
-    save_->setEnabled(false);
+    enableButtons(false); // a second press would send into the middle of this one
     app.delay.TimeDelay(0.25);
     const auto test = PlanScriptTest(Text());
     if (!ScriptFits(test.text, Caption)) {

@@ -64,8 +64,8 @@ void OpenScriptForEditing() {
 
 void TransferScript() {
     auto& app = App();
-    if (!app.PortIsOpen()) {
-        return;
+    if (!app.PortIsOpen() || SendingScript()) {
+        return; // one script at a time
     }
     const auto script = readScript("Open and Transfer KDX Script");
     if (!script) {

@@ -15,7 +15,13 @@ namespace {
 constexpr int Steps = 1000;
 constexpr int DefaultBaud = 9600;
 
+bool sending = false;
+
 } // namespace
+
+bool SendingScript() {
+    return sending;
+}
 
 bool ScriptFits(const std::string& text, const std::string& title) {
     const auto problem = MemoryProblem(text);
@@ -41,11 +47,13 @@ bool SendScript(const std::string& text, const std::string& title) {
     SendEnd end = SendEnd::Sent;
     {
         const LineHold hold; // the terminal's reader and the pollers keep off meanwhile
+        sending = true;
         end = SendPaced(app.kdx, app.delay, text, baud, [&](const SendProgress& p) {
             progress.setLabelText(Latin1(p.Text()));
             progress.setValue(p.total == 0 ? Steps : static_cast<int>(p.sent * Steps / p.total));
             return !stopped && !progress.wasCanceled();
         });
+        sending = false;
     }
     if (app.mdi != nullptr) {
         app.mdi->Stopped.unsubscribe(subscription);

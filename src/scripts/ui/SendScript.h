@@ -11,6 +11,9 @@ namespace korval {
 // told how large it is and how much the controller holds.
 bool ScriptFits(const std::string& text, const std::string& title);
 
+// Whether a script is on its way: one goes at a time, and nothing else may start meanwhile.
+bool SendingScript();
+
 // Sends the script a piece at a time with a progress window: bytes sent of all, the time left
 // at the line's rate, and a Cancel; the main window's Stop ends it too. True when all of it
 // went.
