@@ -33,6 +33,7 @@ void QueryCycle::settle(std::size_t sent) {
     // lets it come before the discard that follows.
     const bool recent = settledAt_ && delay_.context().now() - *settledAt_ <= RecentlyQuiet;
     if (Exact() || !recent) {
+        endedEarlyAt_.reset(); // what comes now is a stray for the discard, not a reply's tail
         delay_.TimeDelay(ReplyDelay);
         settledAt_ = delay_.context().now();
         return;

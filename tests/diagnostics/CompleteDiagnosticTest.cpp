@@ -168,6 +168,12 @@ TEST_F(DiagnosticFixture, AReplyThatRunsOnTurnsTheScanToTheFixedWaits) {
     EXPECT_EQ(result.report, exact.report);
     EXPECT_EQ(RunCompleteDiagnostic(quick, boxes).exactFrom, "Operating Mode")
         << "each scan starts quick again";
+    controller.late.clear();
+    EXPECT_EQ(RunCompleteDiagnostic(quick, boxes).exactFrom, "");
+    controller.pending += "^"; // a program's end, long after the last scan
+    delay.TimeDelay(1.0);
+    EXPECT_EQ(RunCompleteDiagnostic(quick, boxes).exactFrom, "")
+        << "what comes between two scans is no reply running on";
 }
 
 TEST_F(DiagnosticFixture, CompleteDiagnosticOfATwoMotorControllerStillListsFourAxes) {

@@ -182,7 +182,8 @@ void FrmKdxToolScriptEditor::PicTestScript_MouseDown() {
     test_->showDown();
     enableButtons(false); // a second press would send into the middle of this one
     app.delay.TimeDelay(0.25);
-    const auto test = PlanScriptTest(Text());
+    const auto test = RunAside(
+        app.wait, [plain = editor_->toPlainText()] { return PlanScriptTest(keptText(plain)); });
     if (!ScriptFits(test.text, Caption)) {
         test_->showUp();
         enableButtons(true);
