@@ -16,12 +16,16 @@ const CliCommand* findCommand(std::span<const CliCommand> commands, const std::s
 
 std::string usage(std::span<const CliCommand> commands) {
     std::string text = "usage: korval-cli [--port N|DEVICE] [--baud 9600|19200|38400] "
-                       "[--sim[=OPTIONS]] COMMAND [ARGS]\n\ncommands:\n";
+                       "[--sim[=OPTIONS]] [--exact-timing] [--reply-gap MS] COMMAND [ARGS]\n\n"
+                       "commands:\n";
     for (const auto& c : commands) {
         text += "  " + std::string(c.help) + "\n";
     }
     text += "\n--sim runs a virtual controller inside this program, e.g. "
             "--sim=arrangement=2+2,firmware=1.21\n"
+            "A query ends once its reply is whole and the line has been quiet for four character\n"
+            "times and --reply-gap MS more (default 10); --exact-timing waits the full fixed time\n"
+            "for every reply instead, for a controller that pauses inside its replies.\n"
             "Exit status: 0 done, 1 the controller does not answer, 2 usage error.\n";
     return text;
 }
@@ -71,6 +75,15 @@ ParseResult parseCommandLine(const std::vector<std::string>& argv,
             }
             o.baud = std::stoi(*v);
             o.baudGiven = true;
+        } else if (a == "--exact-timing") {
+            o.timing.exact = true;
+        } else if (a.starts_with("--reply-gap")) {
+            const auto v = value("--reply-gap");
+            if (!v || v->empty() || v->size() > 4 ||
+                v->find_first_not_of("0123456789") != std::string::npos) {
+                return {std::nullopt, "--reply-gap takes milliseconds, 0 to 9999"};
+            }
+            o.timing.gapMarginMs = std::stoi(*v);
         } else if (a.starts_with("-")) {
             return {std::nullopt, "unknown option " + a};
         } else if (findCommand(commands, a) == nullptr) {

@@ -2,6 +2,8 @@
 // The command line of korval-cli, read into one record. Qt-free so it is tested on its own.
 #include "CliCommand.h"
 
+#include "link/ReplyTiming.h"
+
 #include <optional>
 #include <span>
 #include <string>
@@ -15,6 +17,7 @@ struct CliOptions {
     int baud = 9600;
     bool baudGiven = false;
     std::optional<std::string> sim; // --sim[=OPTIONS]: the in-process controller's options
+    ReplyTiming timing;             // --exact-timing, --reply-gap MS
     std::string command;
     std::vector<std::string> args;
     bool help = false;

@@ -70,7 +70,8 @@ int info(CliRun& r) {
     }
     auto& session = *r.session;
     bringOnline(r);
-    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter());
+    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter(),
+                                nullptr, &r.options.timing);
     const auto& subject = r.options.args[0];
     std::string text;
     const auto axes = [&](auto method) {
@@ -151,7 +152,8 @@ int diag(CliRun& r) {
     }
     auto& session = *r.session;
     bringOnline(r);
-    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter());
+    ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter(),
+                                nullptr, &r.options.timing);
     DiagnosticBoxes boxes;
     const InterruptCatcher catcher;
     const auto result = RunCompleteDiagnostic(
@@ -168,6 +170,12 @@ int diag(CliRun& r) {
     }
     if (result.Complete()) {
         r.err << "\n"; // "Generating Report" ends its line
+        if (!result.exactFrom.empty()) {
+            r.err << "korval-cli: a reply went on after its end during \"Scanning "
+                  << result.exactFrom
+                  << "\"; from there the scan waited the full time for each reply "
+                     "(--exact-timing does so throughout)\n";
+        }
     } else {
         r.err << "korval-cli: the serial line failed during \"Scanning " << result.reachedStep
               << "\"; the report is incomplete\n";

@@ -14,12 +14,22 @@ std::string_view TrimBlanks(std::string_view text) {
 }
 
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
-    if (from.empty()) {
+    auto at = from.empty() ? std::string::npos : text.find(from);
+    if (at == std::string::npos) {
         return;
     }
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-        text.replace(at, from.size(), to);
+    // Built anew rather than replaced in place, which would move the rest of a long text at
+    // every match.
+    std::string out;
+    out.reserve(text.size());
+    std::size_t done = 0;
+    for (; at != std::string::npos; at = text.find(from, done)) {
+        out.append(text, done, at - done);
+        out.append(to);
+        done = at + from.size();
     }
+    out.append(text, done);
+    text = std::move(out);
 }
 
 } // namespace korval

@@ -127,13 +127,15 @@ private:
 };
 
 ClsKdxDiagnostic::ClsKdxDiagnostic(ClsDriverKdx& driver, ClsTimeDelay& delay,
-                                   CommandsFormatter format, BusyPointer* pointer)
-    : cycle_(driver, delay), format_(std::move(format)), pointer_(pointer) {}
+                                   CommandsFormatter format, BusyPointer* pointer,
+                                   const ReplyTiming* timing)
+    : cycle_(driver, delay, timing), format_(std::move(format)), pointer_(pointer) {}
 
-std::string ClsKdxDiagnostic::askAfterPrologue(std::string_view query, double wait) {
+std::string ClsKdxDiagnostic::askAfterPrologue(std::string_view query, ReplyForm form,
+                                               double wait) {
     cycle_.Prologue();
     result_.clear();
-    return cycle_.Ask(query, wait);
+    return cycle_.Ask(query, form, wait);
 }
 
 std::string ClsKdxDiagnostic::show(TextTarget* control) {
@@ -144,16 +146,16 @@ std::string ClsKdxDiagnostic::show(TextTarget* control) {
 std::string ClsKdxDiagnostic::labelled(const char* label, std::string_view query,
                                        TextTarget* control) {
     Busy busy(*this);
-    const auto reply = askAfterPrologue(query);
+    const auto reply = askAfterPrologue(query, ReplyForm::Word);
     result_ = kdx::CrToCrLf(label + reply);
     return show(control);
 }
 
 std::string ClsKdxDiagnostic::GetProcessor(TextTarget* control) {
     Busy busy(*this);
-    const auto version = askAfterPrologue(kdx::GetFirmwareVersion());
-    const auto date = cycle_.Ask(kdx::GetFirmwareDate());
-    const auto mode = kdx::ReadWord(cycle_.Ask(kdx::GetModeNumber()));
+    const auto version = askAfterPrologue(kdx::GetFirmwareVersion(), ReplyForm::Word);
+    const auto date = cycle_.Ask(kdx::GetFirmwareDate(), ReplyForm::Word);
+    const auto mode = kdx::ReadWord(cycle_.Ask(kdx::GetModeNumber(), ReplyForm::Word));
     result_ = "Version: " + version + "Date: " + date;
     if (mode == 2 || mode == 4) {
         result_ += "Mode: Master";
@@ -164,7 +166,7 @@ std::string ClsKdxDiagnostic::GetProcessor(TextTarget* control) {
 
 std::string ClsKdxDiagnostic::GetOperatingMode(TextTarget* control) {
     Busy busy(*this);
-    const auto reply = askAfterPrologue(kdx::GetOperatingMode());
+    const auto reply = askAfterPrologue(kdx::GetOperatingMode(), ReplyForm::Word);
     // The reply goes in as it came, its CR included.
     result_ = "Actual value = " + reply + CrLf +
               bitLines(kdx::WordBits(kdx::ReadWord(reply)), OperatingModeLines, 2);
@@ -181,14 +183,15 @@ std::string ClsKdxDiagnostic::GetCurrentProgramAssociate(TextTarget* control) {
 
 std::string ClsKdxDiagnostic::GetProgram(int program, TextTarget* control) {
     Busy busy(*this);
-    const auto reply = askAfterPrologue(kdx::ListProgram(program), QueryCycle::ListingDelay);
+    const auto reply =
+        askAfterPrologue(kdx::ListProgram(program), ReplyForm::Listing, QueryCycle::ListingDelay);
     result_ = kdx::ListingForDisplay(format_ ? format_(reply, 1) : reply);
     return show(control);
 }
 
 int ClsKdxDiagnostic::GetNumberOfControls() {
     Busy busy(*this);
-    return kdx::CountCodeFromReply(askAfterPrologue(kdx::GetMotorSetting(3)));
+    return kdx::CountCodeFromReply(askAfterPrologue(kdx::GetMotorSetting(3), ReplyForm::Word));
 }
 
 std::string ClsKdxDiagnostic::perAxis(const AxisTargets& controls, bool secondPrologueOnTwo,
@@ -236,8 +239,10 @@ std::string ClsKdxDiagnostic::GetAxisSettings(const AxisTargets& controls) {
                 }
                 return reply;
             };
-            const auto motorSetting = cycle_.AskAfterPause(kdx::GetMotorSetting(motor));
-            const auto limitSetting = cycle_.AskAfterPause(kdx::GetLimitSetting(motor));
+            const auto motorSetting =
+                cycle_.AskAfterPause(kdx::GetMotorSetting(motor), ReplyForm::Word);
+            const auto limitSetting =
+                cycle_.AskAfterPause(kdx::GetLimitSetting(motor), ReplyForm::Word);
             return {"Setting for Motor" + std::to_string(motor) + ": " +
                         clean(motorSetting, motor <= 2) + CrLf,
                     "Setting for Limit" + std::to_string(motor) + ": " +
@@ -254,8 +259,10 @@ std::string ClsKdxDiagnostic::GetJoystickAnalogSettings(const AxisTargets& contr
     return perAxis(
         controls, false,
         [this](int motor, int) -> std::array<std::string, 2> {
-            const auto primary = kdx::CrToCrLf(cycle_.Ask(kdx::GetAnalogPrimary(motor)));
-            const auto secondary = kdx::CrToCrLf(cycle_.Ask(kdx::GetAnalogSecondary(motor)));
+            const auto primary =
+                kdx::CrToCrLf(cycle_.Ask(kdx::GetAnalogPrimary(motor), ReplyForm::Word));
+            const auto secondary =
+                kdx::CrToCrLf(cycle_.Ask(kdx::GetAnalogSecondary(motor), ReplyForm::Word));
             // In this order: a secondary out of range shows the primary's text.
             auto first =
                 "Primary Axis " + std::to_string(motor) + " " + SortAnalogJoystickSetting(primary);
@@ -284,8 +291,8 @@ std::string ClsKdxDiagnostic::GetJoystickDigitalSettings(const AxisTargets& cont
     return perAxis(
         controls, false,
         [this](int motor, int) -> std::array<std::string, 2> {
-            const auto primary = cycle_.Ask(kdx::GetJoystickPrimary(motor));
-            const auto secondary = cycle_.Ask(kdx::GetJoystickSecondary(motor));
+            const auto primary = cycle_.Ask(kdx::GetJoystickPrimary(motor), ReplyForm::Word);
+            const auto secondary = cycle_.Ask(kdx::GetJoystickSecondary(motor), ReplyForm::Word);
             return {kdx::CrToCrLf("Primary Setting: " + primary),
                     kdx::CrToCrLf("Secondary Setting: " + secondary)};
         },
@@ -300,7 +307,8 @@ std::string ClsKdxDiagnostic::GetPulseEveryNumSteps(const AxisTargets& controls)
     return perAxis(
         controls, false,
         [this](int motor, int) -> std::array<std::string, 2> {
-            const auto reply = cycle_.Ask(kdx::GetPulseEvery(motor), QueryCycle::PulseSettingDelay);
+            const auto reply = cycle_.Ask(kdx::GetPulseEvery(motor), ReplyForm::Word,
+                                          QueryCycle::PulseSettingDelay);
             return {kdx::CrToCrLf("Pulse N Steps Setting: " + reply), {}};
         },
         false);
@@ -308,7 +316,8 @@ std::string ClsKdxDiagnostic::GetPulseEveryNumSteps(const AxisTargets& controls)
 
 std::string ClsKdxDiagnostic::GetMultifunctionUserInputs(TextTarget* control) {
     Busy busy(*this);
-    const auto reply = kdx::WithoutCR(askAfterPrologue(kdx::GetMultifunctionInputs()));
+    const auto reply =
+        kdx::WithoutCR(askAfterPrologue(kdx::GetMultifunctionInputs(), ReplyForm::Word));
     result_ = "Actual value = " + reply + CrLf +
               bitLines(kdx::WordBits(Val(reply)), MultifunctionLines, 1);
     return show(control);
@@ -320,21 +329,24 @@ std::string ClsKdxDiagnostic::GetAnalogInput(TextTarget* control) {
 
 std::string ClsKdxDiagnostic::GetUserOutputStates(TextTarget* control) {
     Busy busy(*this);
-    const auto version = kdx::WithoutCR(askAfterPrologue(kdx::GetFirmwareVersion()));
+    const auto version =
+        kdx::WithoutCR(askAfterPrologue(kdx::GetFirmwareVersion(), ReplyForm::Word));
     if (Val(version) < kdx::OutputMaskFirmware) { // an older controller is not asked "$"
         result_ =
             "Version 1.22 or higher is needed for this option. Your Version is: " + version + CrLf;
         return show(control);
     }
     result_.clear();
-    const auto code = kdx::ReadMask(kdx::WithoutCR(cycle_.Ask(kdx::GetOutputMask())));
+    const auto code =
+        kdx::ReadMask(kdx::WithoutCR(cycle_.Ask(kdx::GetOutputMask(), ReplyForm::Mask)));
     result_ = maskText(code.value_or(0), UserOutputLines);
     return show(control);
 }
 
 std::string ClsKdxDiagnostic::GetOverTravel(TextTarget* control) {
     Busy busy(*this);
-    const auto reply = kdx::WithoutCR(askAfterPrologue(kdx::GetOverTravelOrBacklash()));
+    const auto reply =
+        kdx::WithoutCR(askAfterPrologue(kdx::GetOverTravelOrBacklash(), ReplyForm::Word));
     const double value = Val(reply);
     if (value == 0) {
         result_ = "OverTravel = Disabled\r\n";
@@ -352,7 +364,8 @@ std::string ClsKdxDiagnostic::GetOverTravel(TextTarget* control) {
 
 std::string ClsKdxDiagnostic::GetBacklash(TextTarget* control) {
     Busy busy(*this);
-    const auto reply = kdx::WithoutCR(askAfterPrologue(kdx::GetOverTravelOrBacklash()));
+    const auto reply =
+        kdx::WithoutCR(askAfterPrologue(kdx::GetOverTravelOrBacklash(), ReplyForm::Word));
     const double value = Val(reply);
     if (value == 0) {
         result_ = "BackLash = Disabled\r\n";
@@ -369,14 +382,14 @@ std::string ClsKdxDiagnostic::GetBacklash(TextTarget* control) {
 
 std::string ClsKdxDiagnostic::GetUserInputStates(TextTarget* control) {
     Busy busy(*this);
-    const auto code = kdx::ReadMask(askAfterPrologue(kdx::GetInputMask()));
+    const auto code = kdx::ReadMask(askAfterPrologue(kdx::GetInputMask(), ReplyForm::Mask));
     result_ = code ? maskText(*code, UserInputLines) : std::string(NoInputReply);
     return show(control);
 }
 
 std::string ClsKdxDiagnostic::GetLimitStates(TextTarget* control) {
     Busy busy(*this);
-    const auto code = kdx::ReadMask(askAfterPrologue(kdx::GetLimitMask()));
+    const auto code = kdx::ReadMask(askAfterPrologue(kdx::GetLimitMask(), ReplyForm::Mask));
     result_ = code ? maskText(*code, LimitLines) : std::string();
     return show(control);
 }

@@ -35,9 +35,10 @@ using AxisTargets = std::array<TextTarget*, 4>;
 
 class ClsKdxDiagnostic {
 public:
-    // Without a formatter a listing is shown as the controller sent it.
+    // Without a formatter a listing is shown as the controller sent it; without a timing the
+    // queries keep to their fixed waits (see QueryCycle).
     ClsKdxDiagnostic(ClsDriverKdx& driver, ClsTimeDelay& delay, CommandsFormatter format = {},
-                     BusyPointer* pointer = nullptr);
+                     BusyPointer* pointer = nullptr, const ReplyTiming* timing = nullptr);
 
     std::string GetProcessor(TextTarget* control = nullptr);
     std::string GetOperatingMode(TextTarget* control = nullptr);
@@ -70,7 +71,8 @@ public:
 private:
     class Busy;
     // The query frame shared by the single-text methods: prologue, empty result, one ask.
-    std::string askAfterPrologue(std::string_view query, double wait = QueryCycle::ReplyDelay);
+    std::string askAfterPrologue(std::string_view query, ReplyForm form,
+                                 double wait = QueryCycle::ReplyDelay);
     std::string labelled(const char* label, std::string_view query, TextTarget* control);
     std::string show(TextTarget* control);
     // The per-axis form: count, then each motor's items; empties 3 and 4 on two motors.

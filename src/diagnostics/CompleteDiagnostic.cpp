@@ -49,10 +49,7 @@ std::string banner(const char* name) {
 } // namespace
 
 std::string ReadCurrentProgramAsIs(QueryCycle& cycle) {
-    cycle.driver().ClearPortChars();
-    cycle.Send(kdx::GetCurrentProgramBare());
-    cycle.Wait(QueryCycle::ReplyDelay);
-    return cycle.ReadAndClear();
+    return cycle.AskAndClear(kdx::GetCurrentProgramBare(), ReplyForm::Word);
 }
 
 void RestoreCurrentProgram(QueryCycle& cycle, const std::string& kept) {
@@ -121,10 +118,17 @@ ScanResult RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& 
     const BusyWhile busy(options.pointer);
     auto& cycle = d.cycle();
     const int answeredBefore = cycle.Answered();
-    const int count = static_cast<int>(steps.size());
+    cycle.ClearRanOn();
     ScanResult result;
-    for (int i = 0; i < count; ++i) {
-        const auto& step = steps[static_cast<std::size_t>(i)];
+    auto run = [](const Step& step) {
+        for (auto* box : step.boxes) {
+            box->text.clear();
+        }
+        step.query();
+    };
+    const auto count = static_cast<int>(steps.size());
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        const auto& step = steps[i];
         if (options.stopRequested && options.stopRequested()) {
             result.stopped = true;
             result.reachedStep = step.name;
@@ -132,28 +136,36 @@ ScanResult RunCompleteDiagnostic(ClsKdxDiagnostic& diagnostic, DiagnosticBoxes& 
             break;
         }
         tell("Scanning " + step.name + CrLf);
-        for (auto* box : step.boxes) {
-            box->text.clear();
+        run(step);
+        if (cycle.ReplyRanOn() && !cycle.Exact()) {
+            // A reply went on after its end: it was this step's or the last of the step before.
+            // Both are asked again with the fixed waits, which the rest of the scan keeps to.
+            cycle.KeepExact(true);
+            const auto from = i > 0 ? i - 1 : i;
+            result.exactFrom = steps[from].name;
+            for (auto again = from; again <= i; ++again) {
+                run(steps[again]);
+            }
         }
-        step.query();
         if (cycle.LineFailed()) {
             // Empty replies from a dead line are no facts: stop at once.
             result.lineFailed = true;
             result.reachedStep = step.name;
             break;
         }
-        cycle.Wait(StepPause);
+        cycle.Pause(StepPause);
         tell(step.name + " Complete" + CrLf);
         if (options.stepDone) {
-            options.stepDone(i + 1, count);
+            options.stepDone(static_cast<int>(i) + 1, count);
         }
     }
     if (result.Complete()) {
-        cycle.Wait(StepPause);
+        cycle.Pause(StepPause);
         tell(std::string("Scan Complete") + CrLf);
         tell("Generating Report");
-        cycle.Wait(StepPause);
+        cycle.Pause(StepPause);
     }
+    cycle.KeepExact(false);
     result.report = BuildDiagnosticReport(b);
     if (!result.Complete()) {
         result.report += IncompleteReportNote(result);

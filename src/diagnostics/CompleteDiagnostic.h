@@ -44,6 +44,9 @@ struct ScanResult {
     std::string reachedStep; // the step running when the scan ended early ("Axis")
     bool lineFailed = false; // the port itself failed: unplugged, hung up, a read error
     bool stopped = false;    // ended at the user's request
+    // Where the scan went over to the fixed waits, because a reply went on after its end in the
+    // quick mode; empty when it did not.
+    std::string exactFrom;
     bool Complete() const { return !lineFailed && !stopped; }
 };
 

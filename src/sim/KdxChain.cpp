@@ -22,7 +22,14 @@ bool KdxChain::hasAxis(int axis) const {
 }
 
 void KdxChain::receive(std::string_view bytes) {
+    heard_ += static_cast<std::int64_t>(bytes.size());
     framing_.receive(bytes, [this](const KdxFraming::Item& item) { language_.hear(item); });
+}
+
+std::string KdxChain::takeOutput() {
+    auto out = framing_.takeOutput();
+    said_ += static_cast<std::int64_t>(out.size());
+    return out;
 }
 
 void KdxChain::tick(double dt) {

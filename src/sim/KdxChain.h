@@ -34,7 +34,7 @@ public:
 
     // Host side.
     void receive(std::string_view bytes);
-    std::string takeOutput() { return framing_.takeOutput(); }
+    std::string takeOutput();
     bool hasOutput() const { return framing_.hasOutput(); }
 
     // Time. Steps are cut into ticks of at most one millisecond.
@@ -72,6 +72,9 @@ public:
     bool echo() const { return framing_.echo(); }
     bool online() const { return language_.online(); }
     const SimOptions& options() const { return options_; }
+    // Bytes heard from the host and said back since the chain was made: the line's traffic.
+    std::int64_t bytesHeard() const { return heard_; }
+    std::int64_t bytesSaid() const { return said_; }
     bool hasAxis(int axis) const;
 
 private:
@@ -80,6 +83,8 @@ private:
     SimOptions options_;
     std::int64_t now_ = 0;
     std::int64_t carry_ = 0;
+    std::int64_t heard_ = 0;
+    std::int64_t said_ = 0;
     BenchInputs bench_;
     SettingsStore settings_;
     KdxFraming framing_;

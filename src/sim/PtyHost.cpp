@@ -1,5 +1,7 @@
 #include "sim/PtyHost.h"
 
+#include "sim/LinePacer.h"
+
 #include <chrono>
 #include <fcntl.h>
 #include <poll.h>
@@ -111,13 +113,15 @@ void PtyHost::withChain(const std::function<void(KdxChain&)>& action) {
 
 void PtyHost::loop() {
     using Clock = std::chrono::steady_clock;
-    auto last = Clock::now();
-    std::string pending; // what the chain said and the line has not yet carried
-    double credit = 0;   // characters the line could have carried since the last write
+    const auto start = Clock::now();
+    LinePacer line(chain_.options().baud, chain_.options());
+    auto last = start;
+    std::string unwritten; // carried by the line, not yet taken by the terminal
     char buf[512];
     while (!stop_) {
         pollfd p{master_, POLLIN, 0};
-        const int ready = ::poll(&p, 1, pending.empty() ? 5 : 1);
+        const bool busy = line.waiting() > 0 || !unwritten.empty();
+        const int ready = ::poll(&p, 1, busy ? 1 : 5);
         if (ready < 0) {
             continue;
         }
@@ -131,30 +135,24 @@ void PtyHost::loop() {
             }
         }
         const auto now = Clock::now();
-        const auto elapsed = std::chrono::duration_cast<std::chrono::microseconds>(now - last);
+        chain_.advance(std::chrono::duration_cast<std::chrono::microseconds>(now - last).count());
         last = now;
-        chain_.advance(elapsed.count());
         if (baud != chain_.options().baud) {
             chain_.takeOutput(); // what it says at a foreign rate is lost on the line
-            pending.clear();
-            credit = 0;
+            line.clear();
+            unwritten.clear();
             continue;
         }
-        if (pending.size() < 4096) {
-            pending += chain_.takeOutput();
+        const auto micros =
+            std::chrono::duration_cast<std::chrono::microseconds>(now - start).count();
+        if (line.waiting() < 4096) {
+            line.add(chain_.takeOutput(), micros);
         }
-        if (pending.empty()) {
-            credit = 0;
-            continue;
-        }
-        credit = std::min(credit + static_cast<double>(elapsed.count()) * baud / 10.0 / 1e6,
-                          static_cast<double>(pending.size()));
-        const auto chunk = static_cast<std::size_t>(credit);
-        if (chunk > 0) {
-            const ssize_t w = ::write(master_, pending.data(), chunk);
+        unwritten += line.take(micros);
+        if (!unwritten.empty()) {
+            const ssize_t w = ::write(master_, unwritten.data(), unwritten.size());
             if (w > 0) {
-                pending.erase(0, static_cast<std::size_t>(w));
-                credit -= static_cast<double>(w);
+                unwritten.erase(0, static_cast<std::size_t>(w));
             }
         }
     }

@@ -1,7 +1,8 @@
 #pragma once
 // Plays a chain on a real pseudo-terminal in real time. What the host writes to the device
 // reaches the chain; the chain's output goes back paced at the line's baud rate (ten bits a
-// character). At any rate but the controller's own the chain hears only noise and says nothing.
+// character), as slowly as the options ask (LinePacer). At any rate but the controller's own the
+// chain hears only noise and says nothing.
 #include <atomic>
 #include <functional>
 #include <mutex>

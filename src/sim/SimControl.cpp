@@ -58,6 +58,7 @@ const char* ControlHelp() {
            "silent-axes DIGITS|none the listed axes no longer answer queries\n"
            "power                   switch the controller off and on\n"
            "show                    print status, positions and outputs\n"
+           "traffic                 print the bytes heard and said since the start\n"
            "hangup                  close the pseudo-terminal\n"
            "quit                    end the program\n";
 }
@@ -137,6 +138,11 @@ ControlResult ApplyControl(KdxChain& chain, const std::string& line, std::string
         for (int axis = 1; axis <= 4; ++axis) {
             answer += " " + (chain.hasAxis(axis) ? std::to_string(chain.position(axis)) : "-");
         }
+        return ControlResult::Done;
+    }
+    if (cmd == "traffic" && w.size() == 1) {
+        answer = "heard " + std::to_string(chain.bytesHeard()) + " said " +
+                 std::to_string(chain.bytesSaid());
         return ControlResult::Done;
     }
     if (cmd == "hangup" && w.size() == 1) {

@@ -115,6 +115,12 @@ bool ParseSimOptions(const std::string& text, SimOptions& options, std::string& 
             o.analog = static_cast<int>(n);
         } else if (key == "language-only" && (value == "on" || value == "off")) {
             o.languageOnly = value == "on";
+        } else if (key == "reply-delay" && toLong(value, 0, 1000, n)) {
+            o.replyDelayMs = static_cast<int>(n);
+        } else if (key == "char-spacing" && toLong(value, 0, 1000, n)) {
+            o.charSpacingMs = static_cast<int>(n);
+        } else if (key == "reply-pause" && toLong(value, 0, 1000, n)) {
+            o.replyPauseMs = static_cast<int>(n);
         } else {
             good = false;
         }

@@ -21,6 +21,11 @@ struct SimOptions {
     // Answers its command language alone: the words the driver adds for its own needs (V, X, N,
     // D and H) are unknown to it, as to a controller built from the language's description.
     bool languageOnly = false;
+    // A controller slow to answer: each reply starts this late, its characters this far apart
+    // (never closer than the line's rate), and paused this long before its middle character.
+    int replyDelayMs = 0;
+    int charSpacingMs = 0;
+    int replyPauseMs = 0;
 };
 
 // Parses the option text; on a fault returns false and says why in `error`. Unnamed keys keep

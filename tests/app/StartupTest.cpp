@@ -97,6 +97,8 @@ TEST_F(StartupFixture, SettingsSurviveARestartAndCountTheRuns) {
     ASSERT_TRUE(start());
     setPort()->CmbBaudRate()->setCurrentIndex(3);
     setPort()->CmbSerialPort()->setCurrentIndex(7);
+    EXPECT_FALSE(app->replyTiming.exact);
+    setPort()->ChkExactTiming()->setChecked(true);
     app->Form<FrmKdxAdmin>("FrmKdxAdmin")
         ->findChild<QCheckBox*>("ChkToolsTerminal")
         ->setChecked(true);
@@ -110,6 +112,7 @@ TEST_F(StartupFixture, SettingsSurviveARestartAndCountTheRuns) {
 
     ASSERT_TRUE(start());
     EXPECT_EQ(setPort()->CmbBaudRate()->currentIndex(), 3);
+    EXPECT_TRUE(app->replyTiming.exact) << "\"Exact timing\" comes back and takes effect";
     EXPECT_EQ(app->mdi->findChild<QLabel*>("LblPortCurrent")->text(), "Port: Com7, Baud: 38400")
         << "start-up opens the restored port";
     EXPECT_FALSE(app->mdi->Menu("MnuToolsTerminal")->isVisible()) << "the hiding comes back";

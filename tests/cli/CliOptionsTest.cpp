@@ -31,6 +31,12 @@ TEST(CliOptions, ReadsPortsBaudsSimulatorsAndCommands) {
     EXPECT_FALSE(plain.options->baudGiven);
     EXPECT_FALSE(plain.options->portGiven);
     EXPECT_EQ(plain.options->args, (std::vector<std::string>{"--output", "x"}));
+    EXPECT_FALSE(plain.options->timing.exact) << "replies end when whole, unless asked";
+
+    const auto timed = parseCommandLine({"--exact-timing", "--reply-gap=25", "diag"}, Known);
+    ASSERT_TRUE(timed.options) << timed.error;
+    EXPECT_TRUE(timed.options->timing.exact);
+    EXPECT_EQ(timed.options->timing.gapMarginMs, 25);
 }
 
 TEST(CliOptions, UsageErrorsSayWhatIsWrong) {
@@ -43,6 +49,8 @@ TEST(CliOptions, UsageErrorsSayWhatIsWrong) {
         {{"--baud", "1200", "status"}, "--baud must be 9600, 19200 or 38400"},
         {{"--port"}, "--port needs a port number or a device"},
         {{"--verbose", "status"}, "unknown option --verbose"},
+        {{"--reply-gap", "-5", "status"}, "--reply-gap takes milliseconds, 0 to 9999"},
+        {{"--reply-gap", "status"}, "--reply-gap takes milliseconds, 0 to 9999"},
     };
     for (const auto& c : cases) {
         const auto p = parseCommandLine(c.args, Known);

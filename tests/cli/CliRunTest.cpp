@@ -100,8 +100,8 @@ TEST(CliRun, ALanguageOnlyControllerOnARealPortGivesTheSameReport) {
 
 TEST(CliRun, CtrlCEndsTheScanBetweenQueriesAndWritesNothing) {
     TempFolder dir;
-    const auto r = run("bash -c '" + cli("--sim diag --output " + dir.file("r")) + " 2>" +
-                       dir.file("err") + " & sleep 1.5; kill -INT $!; wait $!; echo $?'");
+    const auto r = run("bash -c '" + cli("--sim --exact-timing diag --output " + dir.file("r")) +
+                       " 2>" + dir.file("err") + " & sleep 1.5; kill -INT $!; wait $!; echo $?'");
     EXPECT_EQ(r.out, "130\n");
     const auto err = slurp(dir.file("err"));
     EXPECT_NE(err.find("korval-cli: interrupted during \"Scanning "), std::string::npos) << err;
@@ -117,10 +117,11 @@ TEST(CliRun, ABusyPortSaysWhoHoldsIt) {
     const std::string sim = std::string(KDX_SIM) + " < " + control + " > " + device +
                             " 2>/dev/null & exec 3>" + control + "; ";
     const std::string line = "$(head -1 " + device + ")";
-    const auto r = run("bash -c '" + sim + "for i in $(seq 50); do [ -s " + device +
-                       " ] && break; sleep 0.1; done; " + cli("--port " + line + " diag") +
-                       " >/dev/null 2>&1 & sleep 1; " + cli("--port " + line + " status") +
-                       " 2>&1; kill -INT $!; wait $!; echo quit >&3'");
+    const auto r =
+        run("bash -c '" + sim + "for i in $(seq 50); do [ -s " + device +
+            " ] && break; sleep 0.1; done; " + cli("--port " + line + " --exact-timing diag") +
+            " >/dev/null 2>&1 & sleep 1; " + cli("--port " + line + " status") +
+            " 2>&1; kill -INT $!; wait $!; echo quit >&3'");
     EXPECT_EQ(r.out.rfind("korval-cli: cannot open port /dev/pts/", 0), 0u) << r.out;
     EXPECT_NE(r.out.find(" is in use by "), std::string::npos) << r.out;
     EXPECT_NE(r.out.find("korval-cli (process "), std::string::npos) << r.out;
@@ -307,5 +308,18 @@ TEST(CliRun, AttachSendsWhatTheDeviceWindowsSend) {
         const auto r = run(cli(std::string("--sim=arrangement=2+2 attach ") + c.args));
         EXPECT_EQ(r.status, 0) << c.args;
         EXPECT_EQ(r.out, c.out) << c.args;
+    }
+}
+
+// A controller that answers late and slowly, within the fixed waits: over a real port the
+// quick mode and --exact-timing both give the report of a prompt controller, byte for byte.
+TEST(CliRun, ALateControllerGivesTheSameReportInBothTimings) {
+    const auto prompt = run(cli("--sim=arrangement=2+2 diag 2>/dev/null"));
+    ASSERT_EQ(prompt.status, 0);
+    const char* late = "--sim=arrangement=2+2,reply-delay=20,char-spacing=3 ";
+    for (const char* timing : {"", "--exact-timing "}) {
+        const auto r = run(cli(late + std::string(timing) + "diag 2>/dev/null"));
+        EXPECT_EQ(r.status, 0) << timing;
+        EXPECT_EQ(r.out, prompt.out) << timing;
     }
 }

@@ -1,4 +1,5 @@
 #include "diagnostics/CommandLanguage.h"
+#include "diagnostics/ReplyForm.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +49,34 @@ TEST(CommandLanguage, WordAndMaskReplies) {
     EXPECT_EQ(kdx::ReadMask("\xFF"), 255) << "read as a byte, never negative";
     EXPECT_EQ(kdx::ReadMask("7\r"), int{'7'}) << "by the code, not by numeric conversion";
     EXPECT_EQ(kdx::ReadMask(std::string_view("\0", 1)), 0);
+}
+
+// What has come since a query counts as a whole reply only by its end mark.
+TEST(CommandLanguage, EndMarksOfReplies) {
+    const struct {
+        ReplyForm form;
+        const char* text;
+        bool whole;
+    } cases[] = {
+        {ReplyForm::Word, "1.22\r", true},
+        {ReplyForm::Word, "1.22", false},
+        {ReplyForm::Word, "J", true},
+        {ReplyForm::Word,
+         "\xCB"
+         "B",
+         true},
+        {ReplyForm::Word, "\xCB", false},
+        {ReplyForm::Word, "\r\n", false},
+        {ReplyForm::Mask, "\xFC", true},
+        {ReplyForm::Mask, "", false},
+        {ReplyForm::Listing, "S1M500,I1M-0,\r", true},
+        {ReplyForm::Listing, "S1M500,", false},
+        {ReplyForm::None, "anything\r", false},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(EndMarkCame(c.form, c.text), c.whole)
+            << static_cast<int>(c.form) << " \"" << c.text << "\"";
+    }
 }
 
 TEST(CommandLanguage, WordsBecomeBitsLowFirst) {

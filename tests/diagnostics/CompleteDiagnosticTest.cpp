@@ -149,6 +149,33 @@ TEST_F(DiagnosticFixture, CompleteDiagnosticOfAFourMotorController) {
     EXPECT_EQ(s.back(), "?,");
 }
 
+// The quick mode takes a reply as whole at its end mark. A controller that goes on after it (a
+// line feed behind the CR) is caught when those bytes come before the next query is asked: the
+// scan asks again with the fixed waits, and the report is the one the fixed waits give.
+TEST_F(DiagnosticFixture, AReplyThatRunsOnTurnsTheScanToTheFixedWaits) {
+    FillController(true);
+    controller.late["getDM,"] = {"\n", 25};
+    DiagnosticBoxes boxes;
+    const auto exact = RunCompleteDiagnostic(diagnostic, boxes);
+    EXPECT_NE(exact.report.find("Actual value = 129\r\n\r\n"), std::string::npos)
+        << "the fixed wait reads the line feed too";
+
+    controller.due.clear();
+    ReplyTiming quickTiming;
+    ClsKdxDiagnostic quick(driver, delay, FakeFormatter, nullptr, &quickTiming);
+    const auto result = RunCompleteDiagnostic(quick, boxes);
+    EXPECT_EQ(result.exactFrom, "Operating Mode");
+    EXPECT_EQ(result.report, exact.report);
+    EXPECT_EQ(RunCompleteDiagnostic(quick, boxes).exactFrom, "Operating Mode")
+        << "each scan starts quick again";
+    controller.late.clear();
+    EXPECT_EQ(RunCompleteDiagnostic(quick, boxes).exactFrom, "");
+    controller.pending += "^"; // a program's end, long after the last scan
+    delay.TimeDelay(1.0);
+    EXPECT_EQ(RunCompleteDiagnostic(quick, boxes).exactFrom, "")
+        << "what comes between two scans is no reply running on";
+}
+
 TEST_F(DiagnosticFixture, CompleteDiagnosticOfATwoMotorControllerStillListsFourAxes) {
     FillController(false);
     DiagnosticBoxes boxes;

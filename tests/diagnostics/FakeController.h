@@ -1,6 +1,7 @@
 #pragma once
 // A controller behind a fake driver table: it answers canned replies keyed by the exact text
-// sent, records every call in order, and stamps each send with the virtual time.
+// sent (they wait at the port beside what came before), records every call in order, and stamps
+// each send with the virtual time.
 #include "diagnostics/ClsKdxDiagnostic.h"
 #include "support/FakeText.h"
 
@@ -22,9 +23,24 @@ struct Controller {
     std::string pending;
     long nowMs = 0;
     long portLostAtMs = -1; // the port fails at that moment; -1: never
+    // Bytes that follow the reply to a text this many milliseconds after it was sent.
+    std::map<std::string, std::pair<std::string, long>> late;
+    std::vector<std::pair<std::string, long>> due; // late bytes on their way, and when they come
 };
 
 inline Controller controller;
+
+// Late bytes whose time has come join what waits at the port.
+inline void arrive() {
+    auto& c = controller;
+    std::erase_if(c.due, [&c](const auto& d) {
+        if (d.second > c.nowMs) {
+            return false;
+        }
+        c.pending += d.first;
+        return true;
+    });
+}
 
 inline KdxDriverTable FakeTable() {
     KdxDriverTable t;
@@ -34,19 +50,25 @@ inline KdxDriverTable FakeTable() {
         c.calls.push_back("send " + text);
         c.sends.emplace_back(text, c.nowMs);
         const auto found = c.replies.find(text);
-        c.pending = found == c.replies.end() ? std::string() : found->second;
+        c.pending += found == c.replies.end() ? std::string() : found->second;
+        if (const auto late = c.late.find(text); late != c.late.end()) {
+            c.due.emplace_back(late->second.first, c.nowMs + late->second.second);
+        }
         return std::int32_t{1};
     };
     t.ClearPort = [] {
+        arrive();
         controller.calls.push_back("clear");
         controller.pending.clear();
         return std::int32_t{1};
     };
     t.ReadFromPort = [](std::int32_t* n) {
+        arrive();
         controller.calls.push_back("read");
         return FakeText(controller.pending, n);
     };
     t.ReadAndThenClearFromPort = [](std::int32_t* n) {
+        arrive();
         controller.calls.push_back("read+clear");
         auto* text = FakeText(controller.pending, n);
         controller.pending.clear();

@@ -14,6 +14,7 @@
 #include "link/ClsDriverKdx.h"
 #include "link/ClsKdxCommands.h"
 #include "link/Mailbox.h"
+#include "link/ReplyTiming.h"
 
 #include <string_view>
 #include <vector>
@@ -54,6 +55,8 @@ public:
     int lineHeld = 0;
     // Raised by the detect window's abort: a set-up wizard that is searching ends.
     Event<> DetectAborted;
+    // How long queries listen for their replies; "Exact timing" of the port settings.
+    ReplyTiming replyTiming;
 
     Prompts& prompts;
     ProgramFolders folders;

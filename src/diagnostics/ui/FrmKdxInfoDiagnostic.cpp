@@ -36,7 +36,8 @@ QString shown(const std::string& text) {
 
 FrmKdxInfoDiagnostic::FrmKdxInfoDiagnostic()
     : FormBase("FrmKdxInfoDiagnostic", "KDX Info - Complete Diagnostic"),
-      diagnostic_(App().kdx, App().delay, App().commands.AsFormatter(), &pointer_) {
+      diagnostic_(App().kdx, App().delay, App().commands.AsFormatter(), &pointer_,
+                  &App().replyTiming) {
     auto* frame = new QGroupBox(this);
     frame->setObjectName("FrameInfo");
     info_ = new QPlainTextEdit(frame);

@@ -22,8 +22,8 @@ constexpr double PressPause = 0.25;
 
 InfoPanel::InfoPanel(const QString& name, const QString& caption,
                      const std::vector<PanelBox>& boxes)
-    : FormBase(name, caption),
-      diagnostic_(App().kdx, App().delay, App().commands.AsFormatter(), &pointer_) {
+    : FormBase(name, caption), diagnostic_(App().kdx, App().delay, App().commands.AsFormatter(),
+                                           &pointer_, &App().replyTiming) {
     auto* grid = new QGridLayout(this);
     const int columns = boxes.size() > 2 ? 2 : 1;
     int at = 0;

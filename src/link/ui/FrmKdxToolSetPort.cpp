@@ -60,6 +60,14 @@ FrmKdxToolSetPort::FrmKdxToolSetPort()
         open_->setChecked(true);
     }
     connect(open_, &QCheckBox::toggled, this, [this] { ChkPortOpen_Click(); });
+    // Queries wait their full fixed time, for a controller that pauses inside its replies.
+    exact_ = new QCheckBox("Exact timing", this);
+    exact_->setObjectName("ChkExactTiming");
+    exact_->setToolTip("Wait the full fixed time for every reply, for a controller that pauses "
+                       "inside its replies");
+    row->addWidget(exact_);
+    connect(exact_, &QCheckBox::toggled, this,
+            [](bool checked) { App().replyTiming.exact = checked; });
     connect(port_, &QComboBox::currentIndexChanged, this,
             [this] { port_->setToolTip(port_->currentText()); });
 

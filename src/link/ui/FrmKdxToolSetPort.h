@@ -21,6 +21,7 @@ public:
     QComboBox* CmbSerialPort() const { return port_; }
     QComboBox* CmbBaudRate() const { return baud_; }
     QCheckBox* ChkPortOpen() const { return open_; }
+    QCheckBox* ChkExactTiming() const { return exact_; }
 
     void ChkPortOpen_Click();
     // Start-up: the box checked, which opens the restored port if it is not open yet.
@@ -48,6 +49,7 @@ private:
     QCheckBox* open_;
     QTimer* replugTimer_;
     PortReplug replug_;
+    QCheckBox* exact_;
     int subscriptions_[2] = {0, 0};
 };
 

@@ -3,7 +3,10 @@
 #include "CodeEditor.h"
 #include "FrmMsgBoxCodeFormat.h"
 
+#include "SendScript.h"
+
 #include "core/ClsReadWriteFile.h"
+#include "core/RunAside.h"
 #include "core/qt/Latin1.h"
 #include "core/ui/HourGlass.h"
 #include "core/ui/KorvalServices.h"
@@ -17,18 +20,62 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QTextCursor>
 #include <QVBoxLayout>
+
+#include <array>
+#include <utility>
 
 namespace korval {
 
 namespace {
 
 const char* const ScriptFilter = "Text Files (*.txt)|*.txt|";
+const char* const Caption = "Script Editor";
+// Characters put into the editor between two rounds of the window's events.
+constexpr qsizetype SliceChars = 64 * 1024;
+
+// The program's CR LF text as the editor shows it, and back.
+QString shownText(const std::string& text) {
+    auto shown = Latin1(text);
+    shown.replace("\r\n", "\n");
+    return shown;
+}
+
+std::string keptText(QString shown) {
+    return Latin1(shown.replace('\n', "\r\n"));
+}
 
 } // namespace
 
-FrmKdxToolScriptEditor::FrmKdxToolScriptEditor()
-    : FormBase("FrmKdxToolScriptEditor", "Script Editor") {
+// While a long text is made or put in, nothing may change it or start on it.
+class FrmKdxToolScriptEditor::Held {
+public:
+    explicit Held(FrmKdxToolScriptEditor& form)
+        : editor_(form.editor_), buttons_{{{form.format_, false},
+                                           {form.test_, false},
+                                           {form.save_, false}}} {
+        for (auto& [button, enabled] : buttons_) {
+            enabled = button->isEnabled();
+            button->setEnabled(false);
+        }
+        editor_->setReadOnly(true);
+    }
+    ~Held() {
+        editor_->setReadOnly(false);
+        for (const auto& [button, enabled] : buttons_) {
+            button->setEnabled(enabled);
+        }
+    }
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
+
+private:
+    CodeEditor* editor_;
+    std::array<std::pair<PictureButton*, bool>, 3> buttons_;
+};
+
+FrmKdxToolScriptEditor::FrmKdxToolScriptEditor() : FormBase("FrmKdxToolScriptEditor", Caption) {
     auto* layout = new QVBoxLayout(this);
     auto* buttons = new QHBoxLayout();
     format_ = new PictureButton("PicCodeFormatButton", Symbol::CodeFormat, this);
@@ -61,13 +108,45 @@ FrmKdxToolScriptEditor::FrmKdxToolScriptEditor()
 }
 
 std::string FrmKdxToolScriptEditor::Text() const {
-    return Latin1(editor_->toPlainText().replace('\n', "\r\n"));
+    return keptText(editor_->toPlainText());
 }
 
 void FrmKdxToolScriptEditor::SetText(const std::string& text) {
-    auto shown = Latin1(text);
-    shown.replace("\r\n", "\n");
-    editor_->setPlainText(shown);
+    const Held held(*this);
+    showInSlices(shownText(text));
+}
+
+std::string FrmKdxToolScriptEditor::ShowWorked(const std::function<std::string()>& work) {
+    const Held held(*this);
+    auto [made, shown] = RunAside(App().wait, [work] {
+        auto text = work();
+        auto forEditor = shownText(text);
+        return std::pair{std::move(text), std::move(forEditor)};
+    });
+    showInSlices(shown);
+    return made;
+}
+
+void FrmKdxToolScriptEditor::showInSlices(const QString& shown) {
+    editor_->setUndoRedoEnabled(false); // the editor keeps no undo, and a megabyte of it costs
+    editor_->clear();
+    QTextCursor end(editor_->document());
+    for (qsizetype at = 0; at < shown.size();) {
+        auto next = std::min(at + SliceChars, shown.size());
+        if (const auto line = shown.indexOf('\n', next); line >= 0) {
+            next = line + 1; // whole lines: a slice never splits one
+        } else {
+            next = shown.size();
+        }
+        end.movePosition(QTextCursor::End);
+        end.insertText(shown.mid(at, next - at));
+        at = next;
+        if (at < shown.size()) {
+            App().wait.runEvents(std::chrono::milliseconds(0));
+        }
+    }
+    editor_->setUndoRedoEnabled(true);
+    editor_->moveCursor(QTextCursor::Start);
 }
 
 void FrmKdxToolScriptEditor::enableButtons(bool on) {
@@ -92,20 +171,35 @@ void FrmKdxToolScriptEditor::PicCodeFormatButton_MouseDown() {
 
 void FrmKdxToolScriptEditor::FormatCode(bool withComments) {
     HourGlass busy;
-    SetText(Reformat(Text(), withComments, App().commands.AsFormatter()));
+    ShowWorked(
+        [plain = editor_->toPlainText(), withComments, format = App().commands.AsFormatter()] {
+            return Reformat(keptText(plain), withComments, format);
+        });
 }
 
 void FrmKdxToolScriptEditor::PicTestScript_MouseDown() {
     auto& app = App();
     auto& kdx = app.kdx;
+    if (SendingScript()) {
+        return; // File > Transfer has the line
+    }
     test_->showDown();
-    format_->setEnabled(false);
-    save_->setEnabled(false);
+    enableButtons(false); // a second press would send into the middle of this one
     app.delay.TimeDelay(0.25);
+    const auto test = RunAside(
+        app.wait, [plain = editor_->toPlainText()] { return PlanScriptTest(keptText(plain)); });
+    if (!ScriptFits(test.text, Caption)) {
+        test_->showUp();
+        enableButtons(true);
+        return;
+    }
     kdx.ReadReplyAndClearPort();
     kdx.SendCommandsToPort("C,");
-    const auto test = PlanScriptTest(Text());
-    kdx.SendCommandsToPort(test.text);
+    if (!SendScript(test.text, Caption)) {
+        test_->showUp(); // stopped part way: nothing to wait for, nothing to run
+        enableButtons(true);
+        return;
+    }
     switch (test.ending) {
     case ScriptTest::Ending::Store:
         kdx.WaitForCharacter("^", 1);

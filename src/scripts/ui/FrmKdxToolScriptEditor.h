@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace korval {
 
@@ -18,7 +19,12 @@ public:
     CodeEditor* TxtEditor() const { return editor_; }
     // The editor's text with CR LF line ends, as the program keeps text.
     std::string Text() const;
+    // Shown a slice at a time, with the window's events let run between slices, so that a
+    // script of a megabyte never holds the window up.
     void SetText(const std::string& text);
+    // Shows what `work` makes, made away from the window's thread; the editor and its buttons
+    // wait meanwhile. Gives back the text made.
+    std::string ShowWorked(const std::function<std::string()>& work);
 
     void PicCodeFormatButton_MouseDown();
     // The answer of the warning dialogue: empty when the user said No.
@@ -30,7 +36,9 @@ public:
     void PicPreview_MouseDown();
 
 private:
+    class Held;
     void enableButtons(bool on);
+    void showInSlices(const QString& shown);
 
     CodeEditor* editor_;
     PictureButton* format_;

@@ -2,8 +2,10 @@
 
 #include "FrmKdxToolScriptEditor.h"
 #include "FrmKdxToolTerminal.h"
+#include "SendScript.h"
 
 #include "core/ClsReadWriteFile.h"
+#include "core/RunAside.h"
 #include "core/ui/HourGlass.h"
 #include "core/ui/KorvalServices.h"
 #include "core/ui/MdiKorval.h"
@@ -46,10 +48,11 @@ void OpenScriptForEditing() {
     std::string text;
     {
         HourGlass busy;
-        text = OpenForEdit(*script, App().commands.AsFormatter());
         auto* editor = App().Form<FrmKdxToolScriptEditor>("FrmKdxToolScriptEditor");
-        editor->SetText(text);
         editor->ShowWindow();
+        text = editor->ShowWorked([script = *script, format = App().commands.AsFormatter()] {
+            return OpenForEdit(script, format);
+        });
     }
     if (HasNonAscii(text)) {
         App().prompts.Message("The script holds characters outside plain ASCII. The KDX does not "
@@ -61,16 +64,18 @@ void OpenScriptForEditing() {
 
 void TransferScript() {
     auto& app = App();
-    if (!app.PortIsOpen()) {
-        return;
+    if (!app.PortIsOpen() || SendingScript()) {
+        return; // one script at a time
     }
     const auto script = readScript("Open and Transfer KDX Script");
     if (!script) {
         return;
     }
-    const auto text = [&script] {
+    const auto text = [&] {
         HourGlass busy;
-        return ForTransfer(*script, App().commands.AsFormatter());
+        return RunAside(app.wait, [script = *script, format = app.commands.AsFormatter()] {
+            return ForTransfer(script, format);
+        });
     }();
     if (HasNonAscii(text)) {
         // Nothing goes half way: the controller would stop at the first byte it cannot read.
@@ -80,7 +85,10 @@ void TransferScript() {
                             Prompts::Buttons::Ok);
         return;
     }
-    app.kdx.SendCommandsToPort(text);
+    const char* const title = "Open and Transfer KDX Script";
+    if (ScriptFits(text, title)) {
+        SendScript(text, title);
+    }
 }
 
 void WireScriptMenus(MdiKorval& mdi) {

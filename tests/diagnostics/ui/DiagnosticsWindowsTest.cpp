@@ -347,6 +347,7 @@ TEST_F(DiagnosticsWindows, TheWindowsReportIsTheCommandLinesByteForByte) {
 
 TEST_F(DiagnosticsWindows, TheStopButtonEndsAScan) {
     startWith("");
+    app->replyTiming.exact = true; // the fixed waits keep the scan under way when Stop comes
     menu("MnuToolsDiag");
     auto* diagnostic = form<FrmKdxInfoDiagnostic>("FrmKdxInfoDiagnostic");
     QTimer::singleShot(1500, [this] { app->mdi->PicStopButton_MouseDown(); });
