@@ -8,8 +8,6 @@
 #include "diagnostics/ui/FrmKdxInfoDiagnostic.h"
 #include "diagnostics/ui/InfoPanel.h"
 #include "diagnostics/ui/TroubleshooterForm.h"
-#include "link/PortMap.h"
-#include "sim/PtyHost.h"
 #include "sim/SimControl.h"
 
 #include <QAction>
@@ -30,22 +28,9 @@ using namespace korval::test;
 namespace {
 
 struct DiagnosticsWindows : AppFixture {
-    std::unique_ptr<sim::PtyHost> controller;
-
     void startWith(const std::string& options) {
-        sim::SimOptions o;
-        std::string error;
-        ASSERT_TRUE(sim::ParseSimOptions(options, o, error)) << error;
-        controller = std::make_unique<sim::PtyHost>(o);
-        ASSERT_TRUE(controller->start(error)) << error;
-        PortMap(folder.file("ports")).registerPort(1, controller->device());
-        withDriverFolder();
-        withConfig();
+        installWithController(options);
         ASSERT_TRUE(start());
-    }
-    void TearDown() override {
-        AppFixture::TearDown();
-        controller.reset();
     }
     void bench(const std::string& line) {
         controller->withChain([&](sim::KdxChain& chain) {
