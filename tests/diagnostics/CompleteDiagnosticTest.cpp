@@ -137,7 +137,7 @@ TEST_F(DiagnosticFixture, CompleteDiagnosticOfAFourMotorController) {
     PointerSpy scanPointer;
     const auto result = RunCompleteDiagnostic(
         diagnostic, boxes,
-        {[&](const std::string& added) { progress += added; }, &scanPointer, {}});
+        {[&](const std::string& added) { progress += added; }, &scanPointer, {}, {}});
     EXPECT_EQ(result.report, expectedReport(true));
     EXPECT_TRUE(result.Complete());
     EXPECT_EQ(progress, Progress);
@@ -206,8 +206,10 @@ TEST_F(DiagnosticFixture, AScanThatEndsEarlySaysWhereAndMarksItsReport) {
         std::string progress;
         const auto result =
             RunCompleteDiagnostic(diagnostic, boxes,
-                                  {[&](const std::string& added) { progress += added; }, nullptr,
-                                   [&] { return steps++ == c.stopBeforeStep; }});
+                                  {[&](const std::string& added) { progress += added; },
+                                   nullptr,
+                                   [&] { return steps++ == c.stopBeforeStep; },
+                                   {}});
         EXPECT_FALSE(result.Complete()) << c.reached;
         EXPECT_EQ(result.reachedStep, c.reached);
         EXPECT_TRUE(

@@ -132,14 +132,6 @@ TEST_F(SimFixture, TwoMotorControllerWithOlderFirmware) {
               "Version 1.22 or higher is needed for this option. Your Version is: 1.21\r\n\r\n");
 }
 
-TEST_F(SimFixture, ProgramsPanelLeavesTheCurrentProgramAsItWas) {
-    start("arrangement=2");
-    chain->receive(",PM2,");
-    ASSERT_EQ(chain->currentProgram(), 2);
-    RefreshProgramsPanel(diagnostic, {});
-    EXPECT_EQ(chain->currentProgram(), 2);
-}
-
 TEST_F(SimFixture, ASilentControllerStillGivesTheWholeReport) {
     start("arrangement=2+2");
     chain->setSilent(true);
