@@ -97,14 +97,11 @@ const struct {
     {"F,", "QF,\r"}, // BringOnline sends its Q first
 };
 
-TEST_F(ScriptsFixture, TheTerminalSendsByTheRulesByteForByte) {
+TEST_F(ScriptsFixture, TheTerminalSendsByTheRulesByteForByteWhateverItsOptions) {
     for (const auto& c : SendingTable) {
         type(c.typed);
         EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed;
     }
-}
-
-TEST_F(ScriptsFixture, EveryTerminalOptionOnLeavesTheSentBytesAsTheyWere) {
     terminal->TxtLogFile()->setText(QString::fromStdString(folder.file("session.txt")));
     for (auto* option :
          {terminal->ChkShowSent(), terminal->ChkTimeStamps(), terminal->ChkShowCodes(),
