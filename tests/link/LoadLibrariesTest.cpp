@@ -57,12 +57,8 @@ TEST_F(LoaderFixture, ARefusedLibraryLeadsToTheDialogueNotToAMessage) {
     EXPECT_EQ(prompts.dialogs[0].fileName, "Tavrin KDX Serial Driver.so");
 }
 
-TEST_F(LoaderFixture, CancelEndsAtOnceAndNothingChosenAsksWhetherToGoOn) {
-    prompts.files = {std::nullopt};
-    EXPECT_FALSE(LoadLibraryStage(stage(), paths, prompts));
-    EXPECT_EQ(prompts.asked.size(), 1u) << "no message after a cancel";
-
-    prompts.asked.clear();
+// Cancel and No end the program; the start-up tests go through those with the real libraries.
+TEST_F(LoaderFixture, NothingChosenAsksWhetherToGoOnAndARefusedChoiceIsAskedAgain) {
     prompts.files = {std::string(), std::string("/x/wrong.so"), std::string(),
                      std::string("/x/good.so")};
     prompts.answers = {Prompts::Answer::Yes, Prompts::Answer::Yes};
@@ -70,11 +66,6 @@ TEST_F(LoaderFixture, CancelEndsAtOnceAndNothingChosenAsksWhetherToGoOn) {
     EXPECT_EQ(prompts.asked[1], "Error: KDX Driver Missing: Program cannot operate without the "
                                 "driver\r\n\r\nDo you wish to continue?");
     EXPECT_EQ(prompts.asked.size(), 6u);
-
-    prompts.asked.clear();
-    prompts.files = {std::string()};
-    prompts.answers = {Prompts::Answer::No};
-    EXPECT_FALSE(LoadLibraryStage(stage(), paths, prompts));
 }
 
 TEST_F(LoaderFixture, BothLibrariesThenAnEmptySettingsFile) {
