@@ -26,25 +26,6 @@ TEST(SimQuery, WordQueriesAnswerDecimalTextAndCarriageReturn) {
     }
 }
 
-TEST(SimQuery, ByteMasksAreActiveLowForLimitsAndInputsAndActiveHighForOutputs) {
-    KdxChain chain = chainWith("arrangement=2+2");
-    EXPECT_EQ(ask(chain, "?,"), "\xFF");
-    EXPECT_EQ(ask(chain, "~,"), "\xFF");
-    EXPECT_EQ(ask(chain, "$,"), std::string(1, '\0'));
-
-    chain.setLimit(1, LimitSide::Plus, true);
-    chain.setLimit(4, LimitSide::Minus, true);
-    EXPECT_EQ(static_cast<unsigned char>(ask(chain, "?")[0]), 0xFF & ~0x02 & ~0x40);
-
-    chain.setInput(1, true);
-    chain.setInput(3, true);
-    chain.setJogButton(2, LimitSide::Minus, true);
-    EXPECT_EQ(static_cast<unsigned char>(ask(chain, "~")[0]), 0xFF & ~0x10 & ~0x40 & ~0x04);
-
-    ask(chain, "C,U5,U15,U14,U35,R");
-    EXPECT_EQ(ask(chain, "$"), std::string(1, '\x09'));
-}
-
 TEST(SimQuery, OutputMaskIsSilentBeforeFirmware122) {
     KdxChain old = chainWith("firmware=1.21");
     EXPECT_EQ(ask(old, "getD0,"), "1.21\r");
