@@ -16,17 +16,8 @@ using namespace korval::testing;
 namespace {
 
 const char* pageName(WizardPage page) {
-    switch (page) {
-    case WizardPage::Make:
-        return "make";
-    case WizardPage::Model:
-        return "model";
-    case WizardPage::Limits:
-        return "limits";
-    case WizardPage::Test:
-        return "test";
-    }
-    return "?";
+    const char* const names[] = {"make", "model", "limits", "test"};
+    return names[static_cast<int>(page)];
 }
 
 // The windows: menus and option buttons as states, everything else as a log of events. Each
