@@ -126,31 +126,6 @@ TEST_F(AutoReverseFixture, NamedSettingsAppliedInOrder) {
     EXPECT_TRUE(prompts.asked.empty());
 }
 
-TEST_F(AutoReverseFixture, AHiddenInstanceBoxCountsAsHidden) {
-    apply(gen, "CmbHomeStyle=2 CmbHomeInstance=2 CmbHomeStyle=0");
-    EXPECT_EQ(gen.Generate(RunSaveAction::Test),
-              Program("F, PM-4, LM0, S1M2000, I1M400, S1M2000, IA1M400, setDM129, R"));
-}
-
-TEST_F(AutoReverseFixture, TextBoxesRepairedAsTheUserLeavesThem) {
-    apply(gen, "CmbHomeStyle=1 TxtHomeSpeed=2000.5 CmbMovePosition=2 TxtMoveSpeed=x "
-               "CmbHomeStyle=2 TxtMovePosition=900");
-    EXPECT_EQ(prompts.asked, (std::vector<std::string>{
-                                 "Error: Homing Speed: Speed Too High",
-                                 "Error: Moving Speed: Invalid Speed",
-                                 "Error: Moving Direction: Invalid Distance\r\n\r\nMaximum "
-                                 "Travel is 400 Steps",
-                             }));
-    EXPECT_EQ(gen.settings.TxtHomeSpeed, "2000");
-    EXPECT_EQ(gen.settings.TxtMoveSpeed, "500");
-    EXPECT_EQ(gen.settings.TxtMovePosition, "400");
-    prompts.asked.clear();
-    apply(gen, "TxtHomePause=7000 CmbHomeIO=1 TxtRepeat=0");
-    EXPECT_EQ(gen.settings.TxtHomePause, "6,553.5");
-    EXPECT_EQ(gen.settings.TxtRepeat, "1");
-    EXPECT_TRUE(prompts.asked.empty());
-}
-
 TEST_F(AutoReverseFixture, BadNamesAndIndexesAreRefusedWithoutEffect) {
     const auto before = gen.settings;
     EXPECT_EQ(apply(gen, "CmbHomeStyle=3 CmbRepeat=-1 CmbHomeIO=1.0 CmbVelocityStyleHome=22 "
