@@ -11,14 +11,6 @@ using namespace korval::testing;
 
 namespace {
 
-std::string lines(std::initializer_list<const char*> each) {
-    std::string text;
-    for (const auto* line : each) {
-        text += std::string(line) + "\r\n";
-    }
-    return text;
-}
-
 const char* const Head = "******************** Diagnostic Results ********************\r\n\r\n";
 
 // The report of the controller that FillController sets up; axes 3 and 4 only with four motors.

@@ -9,14 +9,6 @@ namespace {
 
 using Method = std::function<std::string(ClsKdxDiagnostic&, TextTarget*)>;
 
-std::string lines(std::initializer_list<const char*> each) {
-    std::string text;
-    for (const auto* line : each) {
-        text += std::string(line) + "\r\n";
-    }
-    return text;
-}
-
 } // namespace
 
 TEST_F(DiagnosticFixture, SingleValueMethodsFollowTheQueryFrame) {
