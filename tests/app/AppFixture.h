@@ -1,11 +1,13 @@
 #pragma once
 // A program folder of its own for each test, with the real libraries linked into its Driver
-// folder, and dialogues answered from a script.
+// folder, dialogues answered from a script, and the virtual controller on Com1 when a test asks.
 #include "KorvalStartup.h"
-#include "core/Prompts.h"
 
+#include "link/PortMap.h"
 #include "link/ui/FrmKdxToolSetPort.h"
+#include "sim/PtyHost.h"
 
+#include "support/ScriptedPrompts.h"
 #include "support/TempFolder.h"
 
 #include <QCoreApplication>
@@ -14,72 +16,47 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 
 namespace korval::test {
 
-struct ScriptedPrompts : Prompts {
-    std::deque<std::optional<std::string>> files;
-    std::deque<std::optional<std::string>> saves;
-    std::deque<Answer> answers;
-    std::deque<std::string> inputs;
-    std::vector<std::string> asked;
-    std::vector<FileDialog> dialogs; // every file dialogue as it was asked
-
-    Answer Message(const std::string& text, const std::string& title, Icon, Buttons) override {
-        asked.push_back(title + ": " + text);
-        if (answers.empty()) {
-            return Answer::Ok;
-        }
-        auto a = answers.front();
-        answers.pop_front();
-        return a;
-    }
-    std::optional<std::string> OpenFile(const FileDialog& d) override {
-        asked.push_back("open " + d.title);
-        dialogs.push_back(d);
-        if (files.empty()) {
-            return std::nullopt;
-        }
-        auto f = files.front();
-        files.pop_front();
-        return f;
-    }
-    std::optional<std::string> SaveFile(const FileDialog& d) override {
-        asked.push_back("save " + d.title);
-        dialogs.push_back(d);
-        if (saves.empty()) {
-            return std::nullopt;
-        }
-        auto f = saves.front();
-        saves.pop_front();
-        return f;
-    }
-    std::string InputBox(const std::string& prompt, const std::string& title) override {
-        asked.push_back("input " + title + ": " + prompt);
-        if (inputs.empty()) {
-            return {};
-        }
-        auto i = inputs.front();
-        inputs.pop_front();
-        return i;
-    }
-};
+using testing::ScriptedPrompts;
 
 struct AppFixture : ::testing::Test {
     TempFolder folder;
     ScriptedPrompts prompts;
     std::unique_ptr<KorvalStartup> program;
     KorvalServices* app = nullptr; // the running program's services and windows
+    std::unique_ptr<sim::PtyHost> controller;
 
     void withDriverFolder() {
         std::filesystem::create_directory_symlink(KORVAL_DRIVER_DIR, folder.file("Driver"));
     }
     void withConfig() { std::filesystem::create_directories(folder.file("Config")); }
     std::string settingsFile() const { return folder.file("Config/KORVAL Settings.ini"); }
+    void linkCom1(const std::string& device) const {
+        PortMap(folder.file("ports")).registerPort(1, device);
+    }
+    // The virtual controller, with kdx-sim's option text, as Com1.
+    void startController(const std::string& options = "") {
+        sim::SimOptions o;
+        std::string error;
+        ASSERT_TRUE(sim::ParseSimOptions(options, o, error)) << error;
+        controller = std::make_unique<sim::PtyHost>(o);
+        ASSERT_TRUE(controller->start(error)) << error;
+        linkCom1(controller->device());
+    }
+    // A program folder with both libraries and its settings folder, the controller on Com1.
+    void installWithController(const std::string& options = "") {
+        startController(options);
+        withDriverFolder();
+        withConfig();
+    }
+    void setSilent(bool silent) {
+        controller->withChain([silent](sim::KdxChain& chain) { chain.setSilent(silent); });
+    }
 
     // The driver library stays in the process between tests, and the previous test's shutdown
     // left its escape in force, as a shutdown does: lift it, as a new process would find it.
@@ -122,7 +99,10 @@ struct AppFixture : ::testing::Test {
         qputenv("KORVAL_PORTS", QByteArray::fromStdString(folder.file("ports")));
         qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.file("home")));
     }
-    void TearDown() override { stop(); }
+    void TearDown() override {
+        stop();
+        controller.reset();
+    }
 };
 
 } // namespace korval::test

@@ -5,10 +5,8 @@
 #include "core/ui/MdiKorval.h"
 #include "core/ui/PictureButton.h"
 #include "core/ui/PreviewPanel.h"
-#include "link/PortMap.h"
 #include "motion/ui/FrmKdxToolAutoReverse.h"
 #include "scripts/ui/FrmKdxToolScriptEditor.h"
-#include "sim/PtyHost.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -27,26 +25,16 @@ using namespace korval::test;
 namespace {
 
 struct AutoReverseWindow : AppFixture {
-    std::unique_ptr<sim::PtyHost> controller;
     FrmKdxToolAutoReverse* tool = nullptr;
 
     void SetUp() override {
         AppFixture::SetUp();
-        controller = std::make_unique<sim::PtyHost>();
-        std::string error;
-        ASSERT_TRUE(controller->start(error)) << error;
-        PortMap(folder.file("ports")).registerPort(1, controller->device());
-        withDriverFolder();
-        withConfig();
+        installWithController();
         ASSERT_TRUE(start());
         tool = app->Form<FrmKdxToolAutoReverse>("FrmKdxToolAutoReverse");
         ASSERT_NE(tool, nullptr);
         app->mdi->Menu("MnuToolsAutoReverse")->trigger();
         prompts.asked.clear();
-    }
-    void TearDown() override {
-        AppFixture::TearDown();
-        controller.reset();
     }
     QComboBox* combo(const char* name) const { return tool->findChild<QComboBox*>(name); }
     QLineEdit* box(const char* name) const { return tool->findChild<QLineEdit*>(name); }
@@ -59,10 +47,10 @@ struct AutoReverseWindow : AppFixture {
         QTest::keyClick(box(name), Qt::Key_Return);
     }
     // The program stored in the controller, command by command.
-    std::string stored(int program) {
+    std::string stored(int number) {
         std::string listing;
         controller->withChain([&](sim::KdxChain& chain) {
-            for (const auto& c : chain.code(program)) {
+            for (const auto& c : chain.code(number)) {
                 listing += c.text + ",";
             }
         });
@@ -86,6 +74,7 @@ TEST_F(AutoReverseWindow, FieldsFollowTheChoices) {
     EXPECT_FALSE(shown("CmbHomeInstance"));
     EXPECT_TRUE(shown("TxtMovePosition"));
     EXPECT_FALSE(box("TxtMovePosition")->isEnabled()) << "taught, not typed";
+    EXPECT_TRUE(shown("CmdJogMovePositive"));
     EXPECT_EQ(section("TxtMoveType").toStdString(),
               "S1M2000,\t\t;Motor 1 speed 2000 steps/sec\nI1M400,\t\t;Motor 1 index +400 steps\n");
 
@@ -95,6 +84,7 @@ TEST_F(AutoReverseWindow, FieldsFollowTheChoices) {
     EXPECT_FALSE(shown("CmdJogHomePositive"));
     EXPECT_TRUE(shown("CmbHomeInstance"));
     EXPECT_EQ(combo("CmbMovePosition")->currentIndex(), 1);
+    EXPECT_FALSE(shown("CmdJogMovePositive"));
     combo("CmbMovePosition")->setCurrentIndex(0);
     EXPECT_EQ(combo("CmbMovePosition")->currentIndex(), 1) << "teaching only from here";
     EXPECT_TRUE(box("TxtMovePosition")->isEnabled());

@@ -3,7 +3,6 @@
 
 #include "core/ClsReadWriteFile.h"
 #include "core/ui/MdiKorval.h"
-#include "link/PortMap.h"
 
 #include <QLabel>
 
@@ -80,7 +79,7 @@ KdxDriverTable recordingTable() {
 struct ButtonsFixture : AppFixture {
     void SetUp() override {
         AppFixture::SetUp();
-        PortMap(folder.file("ports")).registerPort(1, "/nonexistent/tty");
+        linkCom1("/nonexistent/tty");
         withDriverFolder();
         withConfig();
         ASSERT_TRUE(start());

@@ -3,7 +3,6 @@
 
 #include "core/AtomicFile.h"
 #include "core/ui/MdiKorval.h"
-#include "link/PortMap.h"
 #include "link/ui/FrmKdxToolSetPort.h"
 #include "scripts/ProgramMemory.h"
 #include "scripts/ui/FrmKdxToolScriptEditor.h"
@@ -21,20 +20,9 @@ using namespace korval::test;
 namespace {
 
 struct EndToEnd : AppFixture {
-    std::unique_ptr<sim::PtyHost> controller;
-
     void SetUp() override {
         AppFixture::SetUp();
-        controller = std::make_unique<sim::PtyHost>();
-        std::string error;
-        ASSERT_TRUE(controller->start(error)) << error;
-        PortMap(folder.file("ports")).registerPort(1, controller->device());
-        withDriverFolder();
-        withConfig();
-    }
-    void TearDown() override {
-        AppFixture::TearDown();
-        controller.reset();
+        installWithController();
     }
     QString caption() const { return app->mdi->LblStatusKdx()->text(); }
 };
@@ -64,11 +52,11 @@ TEST_F(EndToEnd, StartUpReachesTheControllerAndThePanelFollowsIt) {
     EXPECT_EQ(caption(), "ONLINEREADY") << "the end of the run is reported";
 
     // The controller goes silent: no contact, and the program stays usable.
-    controller->withChain([](sim::KdxChain& chain) { chain.setSilent(true); });
+    setSilent(true);
     app->delay.TimeDelay(1.5);
     EXPECT_EQ(caption(), "ERRORCOMMUNICATIONS");
     EXPECT_FALSE(app->mdi->PicKdxPower()->lit());
-    controller->withChain([](sim::KdxChain& chain) { chain.setSilent(false); });
+    setSilent(false);
     app->mdi->PicStatusButton_MouseDown();
     EXPECT_EQ(caption(), "ONLINEREADY");
 }

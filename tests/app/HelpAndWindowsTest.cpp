@@ -3,7 +3,6 @@
 
 #include "core/ui/FrmKdxToolSplash.h"
 #include "core/ui/MdiKorval.h"
-#include "link/PortMap.h"
 
 #include <QAction>
 #include <QApplication>
@@ -35,7 +34,7 @@ struct WindowsFixture : AppFixture {
     void SetUp() override {
         AppFixture::SetUp();
         QDesktopServices::setUrlHandler("file", &viewer, "open");
-        PortMap(folder.file("ports")).registerPort(1, "/nonexistent/tty");
+        linkCom1("/nonexistent/tty");
         withDriverFolder();
         withConfig();
     }

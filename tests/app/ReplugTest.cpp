@@ -3,7 +3,6 @@
 #include "AppFixture.h"
 
 #include "core/ui/MdiKorval.h"
-#include "link/PortMap.h"
 #include "link/ui/FrmKdxToolSetPort.h"
 #include "support/PtyPeer.h"
 
@@ -35,7 +34,7 @@ struct ReplugFixture : AppFixture {
     }
     void plugIn() {
         peer = std::make_unique<PtyPeer>(answerStatus([] { return std::string("R"); }));
-        PortMap(folder.file("ports")).registerPort(1, peer->device());
+        linkCom1(peer->device());
     }
     bool waitFor(const std::function<bool()>& done) {
         const auto give = std::chrono::steady_clock::now() + std::chrono::seconds(5);

@@ -2,7 +2,6 @@
 
 #include "core/ClsReadWriteFile.h"
 #include "core/ui/MdiKorval.h"
-#include "link/PortMap.h"
 #include "link/ui/FrmKdxToolSetPort.h"
 #include "scripts/ui/CodeEditor.h"
 #include "scripts/ui/FrmKdxToolScriptEditor.h"
@@ -49,7 +48,7 @@ struct ScriptsFixture : AppFixture {
     void SetUp() override {
         AppFixture::SetUp();
         peer = std::make_unique<PtyPeer>(answerStatus([] { return std::string("R"); }));
-        PortMap(folder.file("ports")).registerPort(1, peer->device());
+        linkCom1(peer->device());
         withDriverFolder();
         withConfig();
         ASSERT_TRUE(start());
@@ -98,14 +97,11 @@ const struct {
     {"F,", "QF,\r"}, // BringOnline sends its Q first
 };
 
-TEST_F(ScriptsFixture, TheTerminalSendsByTheRulesByteForByte) {
+TEST_F(ScriptsFixture, TheTerminalSendsByTheRulesByteForByteWhateverItsOptions) {
     for (const auto& c : SendingTable) {
         type(c.typed);
         EXPECT_EQ(sentBy([&] { terminal->CmdSend_Click(); }), c.arrives) << c.typed;
     }
-}
-
-TEST_F(ScriptsFixture, EveryTerminalOptionOnLeavesTheSentBytesAsTheyWere) {
     terminal->TxtLogFile()->setText(QString::fromStdString(folder.file("session.txt")));
     for (auto* option :
          {terminal->ChkShowSent(), terminal->ChkTimeStamps(), terminal->ChkShowCodes(),

@@ -5,7 +5,6 @@
 #include "core/ui/FrmKdxAdmin.h"
 #include "core/ui/FrmKdxToolSplash.h"
 #include "core/ui/MdiKorval.h"
-#include "link/PortMap.h"
 #include "link/ui/FrmKdxDriverCallback.h"
 #include "link/ui/FrmKdxToolSetPort.h"
 
@@ -23,7 +22,7 @@ namespace {
 struct StartupFixture : AppFixture {
     void SetUp() override {
         AppFixture::SetUp();
-        PortMap(folder.file("ports")).registerPort(1, "/nonexistent/tty");
+        linkCom1("/nonexistent/tty");
     }
 };
 

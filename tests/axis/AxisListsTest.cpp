@@ -1,8 +1,8 @@
-#include "ScriptedPrompts.h"
 #include "axis/AxisMatch.h"
 #include "axis/LimitList.h"
 #include "axis/MotorConfigsDocument.h"
 #include "axis/MotorList.h"
+#include "support/ScriptedPrompts.h"
 
 #include "support/TempFolder.h"
 
@@ -30,16 +30,6 @@ TEST(MotorList, EveryRowOfEveryMakeIsTheSettingItStandsFor) {
         EXPECT_TRUE(IsBlankMotorRow(make, -1));
         EXPECT_TRUE(IsBlankMotorRow(make, 7));
     }
-    EXPECT_EQ(MotorRows(MotorMake::Vexta)[3], "PK264-03");
-    EXPECT_EQ(MotorRows(MotorMake::Superior)[3], "M062");
-    EXPECT_EQ(MotorRows(MotorMake::Vexta)[1], "PK245-01");
-    EXPECT_EQ(MotorRows(MotorMake::Superior)[6], "M092");
-}
-
-TEST(MotorList, SettingZeroIsOnlyUnderMotorSetting) {
-    EXPECT_TRUE(IsBlankMotorRow(MotorMake::Vexta, 0));
-    EXPECT_TRUE(IsBlankMotorRow(MotorMake::Superior, 0));
-    EXPECT_FALSE(IsBlankMotorRow(MotorMake::MotorSetting, 0));
 }
 
 TEST(MotorList, TheMakeChosenForASettingHasAModelThere) {
@@ -155,7 +145,7 @@ TEST(MotorConfigsDocument, TheCopyBesideTheProgramOpensOtherwiseTheUserLocatesOn
     const auto folder = dir.path() + "/";
     ScriptedPrompts prompts;
     EXPECT_EQ(MotorConfigsDocument(folder, prompts), std::nullopt) << "cancelled";
-    ASSERT_EQ(prompts.shown,
+    ASSERT_EQ(prompts.asked,
               std::vector<std::string>{"open Locate 'All Possible Motor Configs.ini'"});
     EXPECT_EQ(prompts.dialogs.at(0).filter, "Motor Files (*.ini)|*.ini|");
     EXPECT_EQ(prompts.dialogs.at(0).initialFolder, folder);
@@ -164,7 +154,7 @@ TEST(MotorConfigsDocument, TheCopyBesideTheProgramOpensOtherwiseTheUserLocatesOn
     EXPECT_EQ(MotorConfigsDocument(folder, prompts), "/elsewhere/motors.ini");
 
     std::ofstream(folder + "All Possible Motor Configs.ini") << "[Setting 0]\n";
-    prompts.shown.clear();
+    prompts.asked.clear();
     EXPECT_EQ(MotorConfigsDocument(folder, prompts), folder + "All Possible Motor Configs.ini");
-    EXPECT_TRUE(prompts.shown.empty()) << "nothing asked";
+    EXPECT_TRUE(prompts.asked.empty()) << "nothing asked";
 }

@@ -1,8 +1,8 @@
 // The motor test's sequence of driver calls and questions, against a recording driver.
 #include "axis/MotorTest.h"
 #include "FakeDriver.h"
-#include "ScriptedPrompts.h"
 #include "axis/AxisSet.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 
@@ -105,7 +105,7 @@ TEST_F(MotorTestFixture, TheAnswersDecideWhetherTheOldSettingsComeBack) {
         EXPECT_EQ(result.outcome, c.outcome);
         EXPECT_EQ(result.prevMotorSetting, 5);
         EXPECT_EQ(result.prevLimitSetting, -2);
-        EXPECT_EQ(prompts.shown, c.asked);
+        EXPECT_EQ(prompts.asked, c.asked);
         EXPECT_EQ(fake.calls, plus(TestCalls, c.afterMoves));
         EXPECT_EQ(fake.motor[2], c.outcome == MotorTestOutcome::Kept ? 3 : 5);
         EXPECT_EQ(fake.limit[2], c.outcome == MotorTestOutcome::Kept ? 1 : -2);
@@ -132,7 +132,7 @@ TEST_F(MotorTestFixture, ASettingThatCannotBeKeptIsNeverWritten) {
         prompts = ScriptedPrompts{};
         EXPECT_EQ(run(2, c.make, c.row, c.limit).outcome, MotorTestOutcome::NotStarted);
         EXPECT_TRUE(fake.calls.empty()) << c.row << " " << c.limit;
-        ASSERT_EQ(prompts.shown.size(), 1u);
+        ASSERT_EQ(prompts.asked.size(), 1u);
     }
     prompts.answer({No});
     EXPECT_EQ(run(2, MotorMake::MotorSetting, 0, -2).outcome, MotorTestOutcome::Restored)
@@ -143,7 +143,7 @@ TEST_F(MotorTestFixture, NoAnswerToTheFirstReadChangesNothing) {
     fake.motor[2] = -1; // the driver's reading of a silent controller
     EXPECT_EQ(run().outcome, MotorTestOutcome::NotStarted);
     EXPECT_EQ(fake.calls, (std::vector<std::string>{"getM2", "getL2"}));
-    EXPECT_EQ(prompts.shown, (std::vector<std::string>{
+    EXPECT_EQ(prompts.asked, (std::vector<std::string>{
                                  "Axis Settings Test: The controller did not answer, so nothing "
                                  "was changed."}));
     EXPECT_EQ(view.events, (std::vector<std::string>{"wait", "busy", "/wait", "/busy"}));
@@ -158,7 +158,7 @@ TEST_F(MotorTestFixture, AControllerSilentFromTheFirstWriteIsRestoredWhenItAnswe
               (std::vector<std::string>{"getM2", "getL2", "setM2M3", "setM2M5", "setL2M-2",
                                         "setM2M5", "setL2M-2", "setM2M5", "setL2M-2"}));
     EXPECT_EQ(elapsed(), 2 * MotorTest::RestoreRetryPause);
-    EXPECT_EQ(prompts.shown, std::vector<std::string>{RestoredBox}) << "no question is put";
+    EXPECT_EQ(prompts.asked, std::vector<std::string>{RestoredBox}) << "no question is put";
     EXPECT_EQ(fake.motor[2], 5);
     EXPECT_EQ(fake.limit[2], -2);
 }
@@ -169,8 +169,8 @@ TEST_F(MotorTestFixture, AControllerThatNeverAnswersAgainIsReportedNotRestored) 
     EXPECT_EQ(result.outcome, MotorTestOutcome::NotRestored);
     EXPECT_EQ(std::count(fake.calls.begin(), fake.calls.end(), "setM2M5"),
               MotorTest::RestoreAttempts);
-    ASSERT_EQ(prompts.shown.size(), 1u);
-    EXPECT_EQ(prompts.shown[0],
+    ASSERT_EQ(prompts.asked.size(), 1u);
+    EXPECT_EQ(prompts.asked[0],
               "Axis Settings Test: The controller did not answer, so the original settings could "
               "not be restored.\r\n\r\nAxis 2 had motor setting 5 and limit setting -2 before the "
               "test.");
@@ -186,5 +186,5 @@ TEST_F(MotorTestFixture, StopEndsTheTestAfterTheMoveUnderWayAndRestores) {
     EXPECT_EQ(fake.calls, (std::vector<std::string>{"getM2", "getL2", "setM2M3", "setL2M1",
                                                     "send C,S2M2000,,I2M400", "run 10000",
                                                     "position 2", "setM2M5", "setL2M-2"}));
-    EXPECT_EQ(prompts.shown, std::vector<std::string>{RestoredBox});
+    EXPECT_EQ(prompts.asked, std::vector<std::string>{RestoredBox});
 }

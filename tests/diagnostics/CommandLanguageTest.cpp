@@ -5,38 +5,6 @@
 
 using namespace korval;
 
-TEST(CommandLanguage, BuildersGiveTheExactCommandTexts) {
-    const struct {
-        std::string built;
-        const char* expected;
-    } cases[] = {
-        {std::string(kdx::QueryPrologue), "K,Q,F"},
-        {kdx::GetFirmwareVersion(), "getD0,"},
-        {kdx::GetModeNumber(), "getD2,"},
-        {kdx::GetMotorSetting(3), "getM3M,"},
-        {kdx::GetLimitSetting(4), "getL4M,"},
-        {kdx::GetJoystickPrimary(2), "getj2M,"},
-        {kdx::GetJoystickSecondary(2), "getJ2M,"},
-        {kdx::GetAnalogPrimary(1), "getjA1M,"},
-        {kdx::GetAnalogSecondary(1), "getJA1M,"},
-        {kdx::GetPulseEvery(4), "getP4M,"},
-        {kdx::GetCurrentProgramBare(), "PM\r"},
-        {kdx::ListProgram(3), "PM3,lst,"},
-        {kdx::SelectProgram(0), ",PM0,"},
-        {kdx::SelectProgramAsRead("2\r"), ",PM2\r,"},
-        {kdx::GetAnalogInput(), "@"},
-        {kdx::SetJoystickSpeeds(1, 2000, 0), "C,setj1M2000,setJ1M0,,rsm"},
-        {kdx::SetAnalogSettings(3, 5, 0), "C,setjA3M5,setJA3M0,,rsm"},
-        {kdx::SetDeadBand(20), "setDA20,rsm"},
-        {kdx::SetMultifunctionInputs(67), "C,setI67,rsm"},
-        {kdx::SingleMove(1, 2000, -400), "C,S1M2000,I1M-400,R"},
-        {kdx::Index(2, 0), "I2M0,"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.built, c.expected);
-    }
-}
-
 TEST(CommandLanguage, WordAndMaskReplies) {
     const struct {
         const char* reply;

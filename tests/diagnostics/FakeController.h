@@ -101,6 +101,15 @@ struct PointerSpy final : BusyPointer {
     void SetBusy(bool busy) override { changes.push_back(busy); }
 };
 
+// Each text as a line of a report, CR LF ended.
+inline std::string lines(std::initializer_list<const char*> each) {
+    std::string text;
+    for (const auto* line : each) {
+        text += std::string(line) + "\r\n";
+    }
+    return text;
+}
+
 // Lays a listing out one command a line with a comment, as the commands library does.
 inline std::string FakeFormatter(const std::string& text, int flag) {
     std::string out;

@@ -1,77 +1,15 @@
 // Both libraries from the Driver folder, talking through a real pseudo-terminal to the virtual
 // controller: what the program relies on from the driver, end to end.
 #include "diagnostics/ClsKdxDiagnostic.h"
-#include "link/ClsDriverKdx.h"
-#include "link/ClsKdxCommands.h"
-#include "link/Mailbox.h"
 #include "link/PortMap.h"
-#include "sim/PtyHost.h"
 
-#include "core/ui/QtWaitContext.h"
+#include "support/SimLink.h"
 #include "support/TempFolder.h"
 
 #include <QCoreApplication>
 
-#include <gtest/gtest.h>
-
 using namespace korval;
-using namespace std::chrono;
-
-namespace {
-
-struct SimLink : ::testing::Test {
-    QtWaitContext wait;
-    ClsTimeDelay delay{wait};
-    ClsDriverKdx kdx{delay};
-    Mailbox mailbox;
-    std::unique_ptr<sim::PtyHost> host;
-
-    void SetUp() override {
-        ASSERT_NE(kdx.LoadDriver(std::string(KORVAL_DRIVER_DIR) + "/Tavrin KDX Serial Driver.so"),
-                  0);
-        kdx.EscapeDriverFunctionFalse(); // the library outlives each test: start clean
-    }
-    void TearDown() override {
-        kdx.PortClose();
-        host.reset();
-    }
-    void startSim(const std::string& options = "") {
-        sim::SimOptions o;
-        std::string error;
-        ASSERT_TRUE(sim::ParseSimOptions(options, o, error)) << error;
-        host = std::make_unique<sim::PtyHost>(o);
-        ASSERT_TRUE(host->start(error)) << error;
-    }
-    void online(int baud = 9600) {
-        ASSERT_EQ(kdx.PortOpenByName(host->device(), baud), 1);
-        kdx.BringOnline();
-    }
-    std::string query(const std::string& text) {
-        kdx.ClearPortChars();
-        kdx.SendCommandsToPort(text);
-        delay.TimeDelay(0.15);
-        return kdx.ReadReplyAndClearPort();
-    }
-};
-
-} // namespace
-
-TEST_F(SimLink, BothLibrariesBringTheControllerOnLine) {
-    ClsKdxCommands commands;
-    ASSERT_NE(commands.LoadDll(std::string(KORVAL_DRIVER_DIR) + "/Tavrin KDX Commands.so"), 0);
-    startSim();
-    online();
-    EXPECT_EQ(kdx.LastStatus, "ONLINEREADY");
-    EXPECT_EQ(query("getD0,"), "1.22\r");
-    EXPECT_EQ(commands.AutoFormatCommands("F", 1), "F,;KDX Online with Echo Off\r");
-}
-
-TEST_F(SimLink, AtAnotherBaudRateNothingAnswers) {
-    startSim();
-    ASSERT_EQ(kdx.PortOpenByName(host->device(), 19200), 1);
-    EXPECT_EQ(kdx.VerifyStatus(), "ERRORCOMMUNICATIONS");
-    EXPECT_EQ(query("getD0,"), "");
-}
+using korval::testing::SimLink;
 
 TEST_F(SimLink, TheScanFindsTheControllerAt19200OnPort7Of16) {
     TempFolder ports;
@@ -128,19 +66,11 @@ TEST_F(SimLink, EachStatusWordAsTheControllerReportsIt) {
     kdx.BringOffline();
     EXPECT_EQ(kdx.LastStatus, "OFFLINEREADY");
     kdx.BringOnline();
+    // Two of the error codes: the status word spells each out, and a kill clears it.
     const struct {
         char code;
         const char* word;
-    } errors[] = {{'B', "ERRORBUSS"},
-                  {'F', "ERRORFLASHROM"},
-                  {'E', "ERROREEPROM"},
-                  {'U', "ERRORBUFFEROVERFLOW"},
-                  {'M', "ERRORMEMORYFULL"},
-                  {'N', "ERRORNESTEDLOOP"},
-                  {'J', "ERRORJUMPANDRETURN"},
-                  {'C', "ERRORCONTINUOUSINDEX"},
-                  {'I', "ERRORINVALIDMOTORNUMBER"},
-                  {'S', "ERRORSTOPBUTTON"}};
+    } errors[] = {{'B', "ERRORBUSS"}, {'N', "ERRORNESTEDLOOP"}};
     for (const auto& e : errors) {
         host->withChain([&](sim::KdxChain& chain) { chain.injectError(e.code); });
         delay.TimeDelay(0.05); // the error's own code in the stream comes first
@@ -159,29 +89,6 @@ TEST_F(SimLink, AMotorSettingIsStoredOrRefusedAsTheControllerSays) {
     EXPECT_EQ(kdx.SetLimitSetting(1, -2), 1);
     EXPECT_EQ(kdx.GetLimitSetting(1), -2);
     EXPECT_EQ(kdx.VerifyStatus(), "ONLINEREADY");
-}
-
-TEST_F(SimLink, StoringSettingsEndsWithTheCaret) {
-    startSim();
-    online();
-    kdx.ClearPortChars();
-    kdx.SendCommandsToPort("C,setI7,rsm");
-    const auto start = steady_clock::now();
-    EXPECT_EQ(kdx.Table().WaitForChar("^", 1, 10000), 1);
-    EXPECT_LT(steady_clock::now() - start, milliseconds(500));
-    EXPECT_EQ(query("getI,"), "7\r");
-}
-
-TEST_F(SimLink, RunningAndWaitingLastsAsLongAsTheMove) {
-    startSim();
-    online();
-    kdx.SendCommandsToPort("C,S1M4000,I1M2000,");
-    delay.TimeDelay(0.1);
-    const auto start = steady_clock::now();
-    EXPECT_EQ(kdx.RunKdxProgramAndWaitForFinish(5), 1);
-    EXPECT_GE(steady_clock::now() - start, milliseconds(450)) << "2000 steps at 4000 a second";
-    EXPECT_EQ(kdx.GetCurrentMotorPosition(1), "2000");
-    EXPECT_EQ(kdx.LastStatus, "ONLINEREADY");
 }
 
 TEST_F(SimLink, AJogStreamsItsPositionUntilItIsStopped) {

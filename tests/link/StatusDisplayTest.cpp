@@ -66,68 +66,34 @@ struct DisplayFixture : ::testing::Test {
 
 } // namespace
 
-TEST_F(DisplayFixture, SteadyCodesAndWordsSetTheCaptionAndLamps) {
+// Codes and words that only set the caption and the lamps, or the caption alone, or nothing.
+TEST_F(DisplayFixture, SteadyCodesAndWordsSetTheCaptionAndTheLampsOrLeaveThem) {
     const struct {
         bool report;
         const char* text;
         const char* caption;
-        bool power;
-        bool online;
+        const char* lamps; // "GY": power and on-line lit, lower case: dim; "": not touched
     } cases[] = {
-        {true, "R", "ONLINEREADY", true, true},
-        {true, "J", "OFFLINEREADY", true, false},
-        {true, "B", "BUSY", true, true},
-        {true, "b", "JOGGING", true, false},
-        {true, "\xCBS", "STOP PUSHED", true, true},
-        {true, "ERRORCOMMUNICATIONS", "ERRORCOMMUNICATIONS", false, false},
-        {false, "ONLINEREADY", "ONLINEREADY", true, true},
-        {false, "OFFLINEREADY", "OFFLINEREADY", true, false},
-        {false, "BUSY", "BUSY", true, true},
-        {false, "OFFLINEBUSY", "OFFLINEBUSY", true, false},
-        {false, "JOGGING", "JOGGING", true, false},
-        {false, "ERRORSTOPBUTTON", "ERRORSTOPBUTTON", true, true},
-    };
-    for (const auto& c : cases) {
-        panel.caption = "before";
-        panel.power = !c.power;
-        panel.online = !c.online;
-        c.report ? display.OnReport(c.text) : display.OnKdxChanged(c.text);
-        EXPECT_EQ(panel.caption, c.caption) << c.text;
-        EXPECT_EQ(panel.power, c.power) << c.text;
-        EXPECT_EQ(panel.online, c.online) << c.text;
-    }
-}
-
-TEST_F(DisplayFixture, SteadyErrorsAndUnknownTextsLeaveTheLamps) {
-    const struct {
-        bool report;
-        const char* text;
-        const char* caption;
-    } cases[] = {
-        {true,
-         "\xCB"
-         "F",
-         "ERRORFLASHROM"},
-        {true,
-         "\xCB"
-         "E",
-         "ERROREEPROM"},
-        {true, "\xCBU", "ERRORBUFFEROVERFLOW"},
-        {true, "Z", "before"},
-        {true, "r", "before"},
-        {false, "ERRORFLASHROM", "ERRORFLASHROM"},
-        {false, "ERROREEPROM", "ERROREEPROM"},
-        {false, "ERRORINVALIDMOTORNUMBER", "ERRORINVALIDMOTORNUMBER"},
-        {false, "ERRORBUFFEROVERFLOW", "ERRORBUFFEROVERFLOW"},
-        {false, "ERRORCOMMUNICATIONS", "before"},
-        {false, "nonsense", "before"},
+        {true, "b", "JOGGING", "Gy"},
+        {true, "\xCBS", "STOP PUSHED", "GY"}, // the report's caption is not the word's
+        {true, "ERRORCOMMUNICATIONS", "ERRORCOMMUNICATIONS", "gy"},
+        {false, "OFFLINEBUSY", "OFFLINEBUSY", "Gy"},
+        {false, "ERRORSTOPBUTTON", "ERRORSTOPBUTTON", "GY"},
+        {true, "\xCBU", "ERRORBUFFEROVERFLOW", ""},
+        {false, "ERRORINVALIDMOTORNUMBER", "ERRORINVALIDMOTORNUMBER", ""},
+        {true, "r", "before", ""},
+        {false, "ERRORCOMMUNICATIONS", "before", ""},
+        {false, "nonsense", "before", ""},
     };
     for (const auto& c : cases) {
         panel.caption = "before";
         panel.log.clear();
         c.report ? display.OnReport(c.text) : display.OnKdxChanged(c.text);
         EXPECT_EQ(panel.caption, c.caption) << c.text;
-        EXPECT_TRUE(panel.log.empty()) << c.text;
+        EXPECT_EQ(panel.log, *c.lamps == '\0'
+                                 ? std::vector<std::string>{}
+                                 : std::vector<std::string>{std::string("@0.00 ") + c.lamps})
+            << c.text;
     }
 }
 

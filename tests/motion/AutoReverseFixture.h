@@ -1,9 +1,10 @@
 #pragma once
-// The AutoReverse generator over the project's own command formatter, with message boxes that
-// record what they would show and a controller that records what it is asked.
+// The AutoReverse generator over the project's own command formatter, with scripted dialogues
+// and a controller that records what it is asked.
 #include "motion/AutoReverseGenerator.h"
 
 #include "formatter/CommandFormatter.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 
@@ -13,23 +14,6 @@
 #include <vector>
 
 namespace korval::testing {
-
-struct RecordedPrompts final : Prompts {
-    std::vector<std::string> shown;    // "title: text"
-    std::optional<std::string> saveAs; // the save dialog's answer; none is a cancel
-    std::vector<FileDialog> dialogs;
-
-    Answer Message(const std::string& text, const std::string& title, Icon, Buttons) override {
-        shown.push_back(title + ": " + text);
-        return Answer::Ok;
-    }
-    std::optional<std::string> OpenFile(const FileDialog&) override { return std::nullopt; }
-    std::optional<std::string> SaveFile(const FileDialog& d) override {
-        dialogs.push_back(d);
-        return saveAs;
-    }
-    std::string InputBox(const std::string&, const std::string&) override { return {}; }
-};
 
 struct RecordedController final : AutoReverseController {
     std::vector<std::string> calls;
@@ -67,7 +51,7 @@ inline std::string Program(const std::string& commands) {
 }
 
 struct AutoReverseFixture : ::testing::Test {
-    RecordedPrompts prompts;
+    ScriptedPrompts prompts;
     RecordedController kdx;
     AutoReverseGenerator gen{prompts, ProjectFormatter};
 };

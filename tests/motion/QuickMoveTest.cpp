@@ -1,7 +1,6 @@
 #include "motion/QuickMove.h"
 #include "motion/QuickMoveUnits.h"
 
-#include "axis/AxisSet.h"
 #include "core/Currency.h"
 
 #include <gtest/gtest.h>
@@ -234,30 +233,6 @@ TEST(QuickMoveUnits, GroupsConvertWhenTheyTakePartAndAreTidied) {
     for (const auto& t : trims) {
         EXPECT_EQ(TrimExtraZeros(t.text), t.tidy) << t.text;
     }
-}
-
-TEST(QuickMoveAxis, TheAxisEventKeepsTheStepsOfTheShownBoxes) {
-    SleepingWaitContext clock;
-    ClsTimeDelay delay(clock);
-    ClsDriverKdx kdx(delay);
-    AxisSet axes(kdx);
-    VelDist boxes{"2000", "400"};
-    axes.Axis2.AdvStepChanged.subscribe(
-        [&](const std::string&) { AdvStepChanged(boxes, axes.Axis2); });
-    auto advance = *Currency::fromDouble(1);
-    axes.Axis2.SetAdvStep(advance); // from none: the boxes stand
-    EXPECT_EQ(boxes.velocity, "2000");
-    advance = *Currency::fromDouble(0.0254);
-    axes.Axis2.SetAdvStep(advance);
-    EXPECT_EQ(boxes.velocity, "50.8000000");
-    EXPECT_EQ(boxes.distance, "10.1600000");
-    EXPECT_EQ(PlanQuickMoveSingle(axes, 2, 4, boxes.velocity, boxes.distance, Pos).plan.commands,
-              "C,S2M2000,I2M400,R");
-    advance = *Currency::fromDouble(0.00004); // holds as 0: shown values go to 0 with it
-    axes.Axis2.SetAdvStep(advance);
-    EXPECT_EQ(boxes.distance, "0.0000000");
-    EXPECT_EQ(PlanQuickMoveSingle(axes, 2, 4, "1", "1", Pos).refusal, R::NothingToMove);
-    EXPECT_EQ(PlanQuickMoveSingle(axes, 5, 8, "1", "1", Pos).refusal, R::NoSuchAxis);
 }
 
 TEST(QuickMoveAxes, OnlyTheAxesTheChainDrivesAreMoved) {

@@ -7,28 +7,6 @@ using korval::sim::test::ask;
 using korval::sim::test::chainWith;
 using korval::sim::test::Err;
 
-namespace {
-
-// What the motor-count probe sees of axes 1..4: + a setting, - a refusal, ? no answer.
-std::string probe(KdxChain& chain) {
-    std::string seen;
-    for (int m = 1; m <= 4; ++m) {
-        const std::string reply = ask(chain, "getM" + std::to_string(m) + "M,");
-        if (reply.empty()) {
-            seen += '?';
-        } else if (reply == "J" || reply == Err + "B") {
-            seen += '-';
-        } else if (reply.size() > 1 && reply.back() == '\r') {
-            seen += '+';
-        } else {
-            seen += '!';
-        }
-    }
-    return seen;
-}
-
-} // namespace
-
 TEST(SimArrangement, EachChainAnswersGetMotorAsItsControllersAllow) {
     struct Case {
         const char* arrangement;
@@ -45,33 +23,6 @@ TEST(SimArrangement, EachChainAnswersGetMotorAsItsControllersAllow) {
         EXPECT_EQ(ask(chain, "getM3M,"), c.m3) << c.arrangement;
         EXPECT_EQ(ask(chain, "getM4M,"), c.m4) << c.arrangement;
         EXPECT_EQ(ask(chain, "V"), "R") << c.arrangement << ": a refusal is no error state";
-    }
-}
-
-// Every row of the probe table in docs/protocol.md can be produced.
-TEST(SimArrangement, ArrangementsAndSilentAxesGiveEveryProbePattern) {
-    struct Case {
-        const char* options;
-        const char* seen;
-    } cases[] = {
-        {"arrangement=1", "+---"},
-        {"arrangement=2", "++--"},
-        {"arrangement=2+1", "+++-"},
-        {"arrangement=2+2", "++++"},
-        {"arrangement=1+1", "+-+-"},
-        {"arrangement=1+2", "+-++"},
-        {"arrangement=2,silent=2", "+?--"},
-        {"arrangement=2+2,silent=234", "+???"},
-        {"arrangement=2+1,silent=2", "+?+-"},
-        {"arrangement=2+2,silent=2", "+?++"},
-        {"arrangement=1+2,silent=4", "+-+?"},
-        {"arrangement=2+2,silent=4", "+++?"},
-        {"arrangement=2+2,silent=24", "+?+?"},
-        {"arrangement=2,silent=1", "?+--"},
-    };
-    for (const auto& c : cases) {
-        KdxChain chain = chainWith(c.options);
-        EXPECT_EQ(probe(chain), c.seen) << c.options;
     }
 }
 

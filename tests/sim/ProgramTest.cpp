@@ -13,12 +13,9 @@ TEST(SimSettings, SettingsReadBackAtOnceAndSurvivePowerOnlyThroughRsm) {
         const char* get;
         const char* value;
     } cases[] = {
-        {"setDM129,", "getDM,", "129\r"},   {"setI67,", "getI,", "67\r"},
-        {"setDA20,", "getDA,", "20\r"},     {"setPA250,", "getPA,", "250\r"},
-        {"setP2M8,", "getP2M,", "8\r"},     {"setM1M3,", "getM1M,", "3\r"},
-        {"setL2M-2,", "getL2M,", "-2\r"},   {"setj1M2000,", "getj1M,", "2000\r"},
-        {"setJ2M150,", "getJ2M,", "150\r"}, {"setjA1M5,", "getjA1M,", "5\r"},
-        {"setJA2M24,", "getJA2M,", "24\r"},
+        {"setDM129,", "getDM,", "129\r"},
+        {"setL2M-2,", "getL2M,", "-2\r"},
+        {"setjA1M5,", "getjA1M,", "5\r"}, // not read as setj with a word after it
     };
     for (const auto& c : cases) {
         KdxChain lost;

@@ -7,46 +7,23 @@ using korval::sim::test::ask;
 using korval::sim::test::chainWith;
 using korval::sim::test::Err;
 
+// The power-up values the information panels' tests do not already show.
 TEST(SimQuery, WordQueriesAnswerDecimalTextAndCarriageReturn) {
     struct Case {
         const char* query;
         const char* reply;
     } cases[] = {
-        {"getD0,", "1.22\r"},  {"getD1,", "03/14/2005\r"},
-        {"getD2,", "2\r"},     {"getDM,", "1\r"},
-        {"getI,", "3\r"},      {"getDA,", "5\r"},
-        {"getPA,", "10\r"},    {"getP1M,", "1\r"},
-        {"getM2M,", "0\r"},    {"getL1M,", "1\r"},
-        {"getj1M,", "1000\r"}, {"getJ2M,", "2000\r"},
-        {"getjA1M,", "0\r"},   {"getJA2M,", "0\r"},
-        {"PM,", "0\r"},        {"PM\r", "0\r"},
-        {"PMA,", "0\r"},       {"O,", "0\r"},
-        {"@", "128\r"},        {"N,", "256\r"},
-        {"X1,", "0\r"},        {"V", "R"},
+        {"getD1,", "03/14/2005\r"},
+        {"getDM,", "1\r"},
+        {"PM\r", "0\r"},
+        {"N,", "256\r"},
+        {"X1,", "0\r"},
+        {"V", "R"},
     };
     for (const auto& c : cases) {
         KdxChain chain;
         EXPECT_EQ(ask(chain, c.query), c.reply) << c.query;
     }
-}
-
-TEST(SimQuery, ByteMasksAreActiveLowForLimitsAndInputsAndActiveHighForOutputs) {
-    KdxChain chain = chainWith("arrangement=2+2");
-    EXPECT_EQ(ask(chain, "?,"), "\xFF");
-    EXPECT_EQ(ask(chain, "~,"), "\xFF");
-    EXPECT_EQ(ask(chain, "$,"), std::string(1, '\0'));
-
-    chain.setLimit(1, LimitSide::Plus, true);
-    chain.setLimit(4, LimitSide::Minus, true);
-    EXPECT_EQ(static_cast<unsigned char>(ask(chain, "?")[0]), 0xFF & ~0x02 & ~0x40);
-
-    chain.setInput(1, true);
-    chain.setInput(3, true);
-    chain.setJogButton(2, LimitSide::Minus, true);
-    EXPECT_EQ(static_cast<unsigned char>(ask(chain, "~")[0]), 0xFF & ~0x10 & ~0x40 & ~0x04);
-
-    ask(chain, "C,U5,U15,U14,U35,R");
-    EXPECT_EQ(ask(chain, "$"), std::string(1, '\x09'));
 }
 
 TEST(SimQuery, OutputMaskIsSilentBeforeFirmware122) {

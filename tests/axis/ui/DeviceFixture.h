@@ -5,8 +5,6 @@
 
 #include "core/ui/FrmDriverDebug.h"
 #include "core/ui/PictureButton.h"
-#include "link/PortMap.h"
-#include "sim/PtyHost.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -16,23 +14,10 @@
 namespace korval::test {
 
 struct DeviceFixture : AppFixture {
-    std::unique_ptr<sim::PtyHost> controller;
-
     void SetUp() override {
         AppFixture::SetUp();
-        sim::SimOptions options;
-        options.arrangement = "2+2";
-        controller = std::make_unique<sim::PtyHost>(options);
-        std::string error;
-        ASSERT_TRUE(controller->start(error)) << error;
-        PortMap(folder.file("ports")).registerPort(1, controller->device());
-        withDriverFolder();
-        withConfig();
+        installWithController("arrangement=2+2");
         ASSERT_TRUE(start());
-    }
-    void TearDown() override {
-        AppFixture::TearDown();
-        controller.reset();
     }
 
     template <typename Window> Window* window(const std::string& name) const {
@@ -61,9 +46,6 @@ struct DeviceFixture : AppFixture {
         const auto text = view->toPlainText().toStdString();
         view->clear();
         return text;
-    }
-    void setSilent(bool silent) {
-        controller->withChain([silent](sim::KdxChain& chain) { chain.setSilent(silent); });
     }
 };
 

@@ -8,8 +8,6 @@
 #include "diagnostics/ui/FrmKdxInfoDiagnostic.h"
 #include "diagnostics/ui/InfoPanel.h"
 #include "diagnostics/ui/TroubleshooterForm.h"
-#include "link/PortMap.h"
-#include "sim/PtyHost.h"
 #include "sim/SimControl.h"
 
 #include <QAction>
@@ -30,22 +28,9 @@ using namespace korval::test;
 namespace {
 
 struct DiagnosticsWindows : AppFixture {
-    std::unique_ptr<sim::PtyHost> controller;
-
     void startWith(const std::string& options) {
-        sim::SimOptions o;
-        std::string error;
-        ASSERT_TRUE(sim::ParseSimOptions(options, o, error)) << error;
-        controller = std::make_unique<sim::PtyHost>(o);
-        ASSERT_TRUE(controller->start(error)) << error;
-        PortMap(folder.file("ports")).registerPort(1, controller->device());
-        withDriverFolder();
-        withConfig();
+        installWithController(options);
         ASSERT_TRUE(start());
-    }
-    void TearDown() override {
-        AppFixture::TearDown();
-        controller.reset();
     }
     void bench(const std::string& line) {
         controller->withChain([&](sim::KdxChain& chain) {
@@ -91,20 +76,14 @@ const PanelCase Panels[] = {
      "Setting for Motor2: 0\r\nSetting for Limit2: 1\r\n", nullptr},
     {"MnuToolsDiagAxis", "FrmKdxInfoAxis", "TxtAxis3", "",
      "Setting for Motor3: 0\r\nSetting for Limit3: 1\r\n"},
-    {"MnuToolsDiagAxis", "FrmKdxInfoAxis", "TxtAxis4", "",
-     "Setting for Motor4: 0\r\nSetting for Limit4: 1\r\n"},
     {"MnuToolsDiagJoystickAnalog", "FrmKdxInfoJoystickAnalog", "TxtDeadband", "Deadband: 5\r\n",
      nullptr},
     {"MnuToolsDiagJoystickAnalog", "FrmKdxInfoJoystickAnalog", "TxtAxis4", "",
      "Primary Axis 4 Setting:  0 = Disabled\r\nSecondary Axis 4 Setting:  0 = Disabled\r\n"},
     {"MnuToolsDiagJoystickDigital", "FrmKdxInfoJoystickDigital", "TxtAxis1",
      "Primary Setting: 1000\r\nSecondary Setting: 2000\r\n", nullptr},
-    {"MnuToolsDiagJoystickDigital", "FrmKdxInfoJoystickDigital", "TxtAxis3", "",
-     "Primary Setting: 1000\r\nSecondary Setting: 2000\r\n"},
     {"MnuToolsDiagOutputPulse", "FrmKdxInfoOutputPulse", "TxtPulseWidth", "Pulse Width: 10\r\n",
      nullptr},
-    {"MnuToolsDiagOutputPulse", "FrmKdxInfoOutputPulse", "TxtAxis4", "",
-     "Pulse N Steps Setting: 1\r\n"},
     {"MnuToolsDiagMultifunctionInputs", "FrmKdxInfoMultiFunctionInputs", "TxtInfo",
      "Actual value = 3\r\nRun button enabled: True\r\n", nullptr},
     {"MnuToolsDiagAnalogInput", "FrmKdxInfoAnalogInput", "TxtInfo", "Analog Input Value: 128\r\n",
@@ -113,8 +92,6 @@ const PanelCase Panels[] = {
      "Actual value = 0\r\nOutput 1 On: False\r\n", nullptr},
     {"MnuToolsDiagOTravelBacklash", "FrmKdxInfoOTravelBacklash", "TxtOverTravel",
      "OverTravel = Disabled\r\n", nullptr},
-    {"MnuToolsDiagOTravelBacklash", "FrmKdxInfoOTravelBacklash", "TxtBacklash",
-     "BackLash = Disabled\r\n", nullptr},
     {"MnuToolsDiagUserInputs", "FrmKdxInfoInputs", "TxtInfo",
      "Actual value = 255\r\nJog 1 - On: False\r\n", nullptr},
     {"MnuToolsDiagLimits", "FrmKdxInfoLimitStates", "TxtInfo",

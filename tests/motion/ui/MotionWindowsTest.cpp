@@ -4,7 +4,6 @@
 #include "core/ClsReadWriteFile.h"
 #include "core/ui/LineHold.h"
 #include "core/ui/MdiKorval.h"
-#include "link/PortMap.h"
 #include "motion/ui/AdvStepFrame.h"
 #include "motion/ui/FrmKdxToolAxisPositions.h"
 #include "motion/ui/FrmKdxToolQuickMoveMulti.h"
@@ -12,7 +11,6 @@
 #include "motion/ui/FrmKdxToolVirtualJog.h"
 #include "motion/ui/JogArrow.h"
 #include "scripts/ui/FrmKdxToolTerminal.h"
-#include "sim/PtyHost.h"
 
 #include <QAction>
 #include <QGroupBox>
@@ -54,26 +52,14 @@ void enter(AdvStepFrame* frame, const QString& advance) {
 }
 
 struct MotionWindows : AppFixture {
-    std::unique_ptr<sim::PtyHost> controller;
     FrmKdxToolVirtualJog* jog = nullptr;
     FrmKdxToolQuickMoveSingle* single = nullptr;
     FrmKdxToolQuickMoveMulti* multi = nullptr;
 
     void SetUp() override {
         AppFixture::SetUp();
-        sim::SimOptions options;
-        std::string error;
-        ASSERT_TRUE(sim::ParseSimOptions("arrangement=2+1", options, error)) << error;
-        controller = std::make_unique<sim::PtyHost>(options);
-        ASSERT_TRUE(controller->start(error)) << error;
-        PortMap(folder.file("ports")).registerPort(1, controller->device());
-        withDriverFolder();
-        withConfig();
+        installWithController("arrangement=2+1");
         launch();
-    }
-    void TearDown() override {
-        AppFixture::TearDown();
-        controller.reset();
     }
     void launch() {
         ASSERT_TRUE(start());

@@ -1,7 +1,8 @@
 #pragma once
 // The real driver library, loaded by path, talking through a real pseudo-terminal to the
-// virtual controller: the axis rules as a bench meets them.
+// virtual controller, as a bench meets them.
 #include "link/ClsDriverKdx.h"
+#include "link/Mailbox.h"
 #include "sim/PtyHost.h"
 
 #include "core/ui/QtWaitContext.h"
@@ -30,6 +31,7 @@ struct SimLink : ::testing::Test {
     HookedWait wait;
     ClsTimeDelay delay{wait};
     ClsDriverKdx kdx{delay};
+    Mailbox mailbox; // for what the driver writes from its own threads
     std::unique_ptr<sim::PtyHost> host;
 
     void SetUp() override {
@@ -41,13 +43,16 @@ struct SimLink : ::testing::Test {
         kdx.PortClose();
         host.reset();
     }
+    // The virtual controller, with kdx-sim's option text, on a pseudo-terminal of its own.
     void startSim(const std::string& options = "") {
         sim::SimOptions o;
         std::string error;
         ASSERT_TRUE(sim::ParseSimOptions(options, o, error)) << error;
         host = std::make_unique<sim::PtyHost>(o);
         ASSERT_TRUE(host->start(error)) << error;
-        ASSERT_EQ(kdx.PortOpenByName(host->device(), 9600), 1);
+    }
+    void online(int baud = 9600) {
+        ASSERT_EQ(kdx.PortOpenByName(host->device(), baud), 1);
         kdx.BringOnline();
     }
     void setSilent(bool silent) {
