@@ -20,21 +20,24 @@ pages=0
 while IFS= read -r -d '' page; do
     pages=$((pages + 1))
     folder=$(dirname "$page")
-    # Every href and src that is not a web address or a bare fragment.
-    while IFS= read -r target; do
+    # Every href and src that is not a web address; a picture must be a file with something in
+    # it, where a link may be a bare fragment of its own page.
+    while IFS=' ' read -r kind target; do
         file=${target%%#*}
         fragment=${target#"$file"}
         fragment=${fragment#\#}
         file=${file//%20/ }
         path="$folder/$file"
         [ -n "$file" ] || path=$page
-        if [ ! -e "$path" ]; then
+        if [ "$kind" = src ] && ! { [ -f "$folder/$file" ] && [ -s "$folder/$file" ]; }; then
+            fail "${page#"$docs"/} shows the picture \"$target\", which is not there"
+        elif [ ! -e "$path" ]; then
             fail "${page#"$docs"/} links to $target, which does not exist"
         elif [ -n "$fragment" ] && ! grep -q "id=\"$fragment\"" "$path"; then
             fail "${page#"$docs"/} links to $target, which has no such place"
         fi
-    done < <(grep -oE '(href|src)="[^"]*"' "$page" | sed -E 's/^(href|src)="(.*)"$/\2/' |
-             grep -vE '^(https?:|mailto:)' || true)
+    done < <(grep -oE '(href|src)="[^"]*"' "$page" | sed -E 's/^(href|src)="(.*)"$/\1 \2/' |
+             grep -vE '^[a-z]+ (https?:|mailto:)' || true)
 done < <(find "$docs" -name '*.html' -print0)
 [ "$pages" -gt 0 ] || fail "no pages under $docs"
 
