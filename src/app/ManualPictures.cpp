@@ -126,7 +126,8 @@ std::string ManualPictures::take(const Picture& picture, const std::string& fold
 }
 
 QPixmap ManualPictures::grab(FormBase& form) {
-    return form.grab();
+    QWidget* frame = form.SubWindow();
+    return (frame != nullptr ? frame : static_cast<QWidget*>(&form))->grab();
 }
 
 void ManualPictures::widen(FormBase& form, int width, int height) {
@@ -230,7 +231,7 @@ QPixmap ManualPictures::firstPage(FormBase& form) {
             user.stop();
             app_.delay.TimeDelay(0.2);
             page = grab(form);
-            wizard.PicNext_MouseDown();
+            wizard.PicCancel_MouseDown();
         } else if (++rounds > 400) {
             user.stop();
             wizard.close();

@@ -5,7 +5,6 @@
 
 #include "core/ui/MdiKorval.h"
 #include "diagnostics/ui/TroubleshooterForm.h"
-#include "link/PortMap.h"
 #include "scripts/ui/FrmKdxToolTerminal.h"
 #include "sim/PtyHost.h"
 #include "sim/SimControl.h"
@@ -61,23 +60,10 @@ const Case Cases[] = {
 };
 
 struct ManualPicturesFixture : AppFixture {
-    std::unique_ptr<sim::PtyHost> controller;
-
     void SetUp() override {
         AppFixture::SetUp();
-        sim::SimOptions options;
-        options.arrangement = "2+2"; // every axis, so every window has all it can show
-        controller = std::make_unique<sim::PtyHost>(options);
-        std::string error;
-        ASSERT_TRUE(controller->start(error)) << error;
-        PortMap(folder.file("ports")).registerPort(1, controller->device());
-        withDriverFolder();
-        withConfig();
+        installWithController("arrangement=2+2"); // every axis: each window shows all it can
         ASSERT_TRUE(start());
-    }
-    void TearDown() override {
-        AppFixture::TearDown();
-        controller.reset();
     }
     void bench(const std::string& line) {
         controller->withChain([&line](sim::KdxChain& chain) {

@@ -56,7 +56,9 @@ grep -q '^Icon=korval$' "$root/usr/share/applications/korval.desktop" || fail "d
 bash "$(dirname "$0")/check_documentation.sh" "$program" || fail "installed documentation"
 
 # The command line finds its libraries in the installed Driver folder.
-"$program/korval-cli" --help | grep -q '^usage: korval-cli' || fail "korval-cli --help"
+# (Read whole: a grep that quits at its match would cut the help off with a broken pipe.)
+help=$("$program/korval-cli" --help) || fail "korval-cli --help"
+grep -q '^usage: korval-cli' <<<"$help" || fail "korval-cli --help"
 [ "$("$program/korval-cli" --sim send getD0,)" = 1.22 ] || fail "korval-cli --sim send getD0,"
 
 # The window program and the virtual controller run as a user who cannot write the program's
