@@ -155,11 +155,11 @@ int diag(CliRun& r) {
     ClsKdxDiagnostic diagnostic(session.kdx(), session.delay(), session.commands().AsFormatter(),
                                 nullptr, &r.options.timing);
     DiagnosticBoxes boxes;
+    ScanOptions scan;
+    scan.progress = [&r](const std::string& added) { r.err << ForShell(added) << std::flush; };
+    scan.stopRequested = [] { return interrupted.load(); };
     const InterruptCatcher catcher;
-    const auto result = RunCompleteDiagnostic(
-        diagnostic, boxes,
-        {[&r](const std::string& added) { r.err << ForShell(added) << std::flush; }, nullptr,
-         [] { return interrupted.load(); }});
+    const auto result = RunCompleteDiagnostic(diagnostic, boxes, scan);
     if (result.stopped) {
         // Nothing half written, and the controller left idle and on line.
         session.kdx().SendCommandsToPort(std::string(kdx::QueryPrologue));

@@ -32,12 +32,11 @@ inline Controller controller;
 
 // Late bytes whose time has come join what waits at the port.
 inline void arrive() {
-    auto& c = controller;
-    std::erase_if(c.due, [&c](const auto& d) {
-        if (d.second > c.nowMs) {
+    std::erase_if(controller.due, [](const auto& d) {
+        if (d.second > controller.nowMs) {
             return false;
         }
-        c.pending += d.first;
+        controller.pending += d.first;
         return true;
     });
 }
