@@ -98,8 +98,8 @@ TEST(PacedSend, PiecesGoAtTheLinesRateUntilAllIsSentOrItStops) {
         ASSERT_EQ(sends.size(), c.pieces);
         std::string arrived;
         for (const auto& [piece, atMs] : sends) {
-            EXPECT_NEAR(atMs - sends[0].second, static_cast<double>(arrived.size()) * 10000 / 9600,
-                        6);
+            EXPECT_NEAR(static_cast<double>(atMs - sends[0].second),
+                        static_cast<double>(arrived.size()) * 10000 / 9600, 6);
             arrived += piece;
         }
         EXPECT_EQ(arrived, c.end == SendEnd::Sent ? text : text.substr(0, lastSeen) + "\r");

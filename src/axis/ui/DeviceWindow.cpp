@@ -1,4 +1,5 @@
 #include "DeviceWindow.h"
+#include "AxisChoice.h"
 
 #include "axis/DeviceSettings.h"
 #include "core/ui/FormControls.h"
@@ -6,7 +7,6 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace korval {
@@ -14,17 +14,7 @@ namespace korval {
 DeviceWindow::DeviceWindow(const QString& name, const QString& caption, int axis)
     : FormBase(name, caption) {
     auto* layout = new QVBoxLayout(this);
-    auto* axisRow = new QHBoxLayout();
-    auto* axisLabel = new QLabel("Axis:", this);
-    axisLabel->setObjectName("LblAxis");
-    axis_ = new QComboBox(this);
-    axis_->setObjectName("CmbAxis");
-    axis_->addItems({"1", "2", "3", "4"});
-    FormControls::TakeNoTypedText(*axis_);
-    axisRow->addWidget(axisLabel);
-    axisRow->addWidget(axis_);
-    axisRow->addStretch(1);
-    layout->addLayout(axisRow);
+    axis_ = AddAxisChoice(*this, *layout);
 
     body_ = new QVBoxLayout();
     layout->addLayout(body_, 1);

@@ -1,13 +1,11 @@
 #include "FrmKdxToolSetAttached.h"
+#include "AxisChoice.h"
 
-#include "core/ui/FormControls.h"
 #include "core/ui/KorvalServices.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -44,18 +42,8 @@ std::size_t slot(D device) {
 FrmKdxToolSetAttached::FrmKdxToolSetAttached(int axis)
     : FormBase("FrmKdxToolSetAttached", "Set Attached Devices") {
     auto* layout = new QVBoxLayout(this);
-    auto* axisRow = new QHBoxLayout();
-    auto* axisLabel = new QLabel("Axis:", this);
-    axisLabel->setObjectName("LblAxis");
-    axis_ = new QComboBox(this);
-    axis_->setObjectName("CmbAxis");
-    axis_->addItems({"1", "2", "3", "4"});
+    axis_ = AddAxisChoice(*this, *layout);
     axis_->setCurrentIndex(axis - 1);
-    FormControls::TakeNoTypedText(*axis_);
-    axisRow->addWidget(axisLabel);
-    axisRow->addWidget(axis_);
-    axisRow->addStretch(1);
-    layout->addLayout(axisRow);
 
     auto* frame = new QGroupBox("Set Up the following devices", this);
     frame->setObjectName("FrameSetDevice");
