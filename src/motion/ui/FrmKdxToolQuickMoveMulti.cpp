@@ -36,7 +36,7 @@ QRadioButton* namedOption(const QString& name, const QString& caption, bool chec
 } // namespace
 
 FrmKdxToolQuickMoveMulti::FrmKdxToolQuickMoveMulti()
-    : FormBase("FrmKdxToolQuickMoveMulti", "KDX QuickMove - Simultaneous Axis") {
+    : QuickMoveWindow("FrmKdxToolQuickMoveMulti", "KDX QuickMove - Simultaneous Axis") {
     auto* layout = new QVBoxLayout(this);
     auto* controls = new QHBoxLayout();
     groups_[0] = buildGroup(1, 1, &CurrentMotor1);
@@ -46,38 +46,14 @@ FrmKdxToolQuickMoveMulti::FrmKdxToolQuickMoveMulti()
     picMoveMtrs_ = new PictureButton("PicMoveMtrs", Symbol::QuickMoveMulti, this);
     controls->addWidget(picMoveMtrs_);
     layout->addLayout(controls);
-    auto* advance = new QGridLayout();
+    addAxes(*layout);
     for (int n = 1; n <= 4; ++n) {
-        optMotor_[n - 1] = OptMotor(*this, n);
-        frames_[n - 1] = new AdvStepFrame(n, axisRecord(n), this);
-        advance->addWidget(frames_[n - 1], (n - 1) / 2, (n - 1) % 2);
-    }
-    layout->addLayout(advance);
-
-    for (int n = 1; n <= 4; ++n) {
-        auto& record = axisRecord(n);
-        CurrentAdvStep[n - 1] = BoxValue(record.GetAdvStep());
-        subscriptions_[n - 1] =
-            record.AdvStepChanged.subscribe([this, n](const std::string&) { AdvStepChanged(n); });
-        subscriptions_[n + 3] =
-            record.UnitsChanged.subscribe([this, n](const std::string&) { UnitsChanged(n); });
-        connect(optMotor_[n - 1], &QRadioButton::toggled, this, [this, n](bool on) {
-            if (on) {
-                OptMotor_Click(n);
-            }
-        });
+        CurrentAdvStep[n - 1] = BoxValue(axisRecord(n).GetAdvStep());
     }
     for (auto& g : groups_) {
         showUnits(g);
     }
     connect(picMoveMtrs_, &PictureButton::pressed, this, [this] { PicMoveMtrs_MouseDown(); });
-}
-
-FrmKdxToolQuickMoveMulti::~FrmKdxToolQuickMoveMulti() {
-    for (int n = 1; n <= 4; ++n) {
-        axisRecord(n).AdvStepChanged.unsubscribe(subscriptions_[n - 1]);
-        axisRecord(n).UnitsChanged.unsubscribe(subscriptions_[n + 3]);
-    }
 }
 
 FrmKdxToolQuickMoveMulti::Group FrmKdxToolQuickMoveMulti::buildGroup(int number, int first,
@@ -112,13 +88,9 @@ FrmKdxToolQuickMoveMulti::Group FrmKdxToolQuickMoveMulti::buildGroup(int number,
     return g;
 }
 
-AdvStepFrame* FrmKdxToolQuickMoveMulti::FrameAdvStep(int axis) const {
-    return frames_.at(static_cast<std::size_t>(axis - 1));
-}
-
 bool FrmKdxToolQuickMoveMulti::chosen(const Group& g) const {
-    const auto* option = optMotor_[*g.currentMotor - 1];
-    return option->isChecked() && option->isEnabledTo(this);
+    const auto* chosen = option(*g.currentMotor);
+    return chosen->isChecked() && chosen->isEnabledTo(this);
 }
 
 void FrmKdxToolQuickMoveMulti::convert(Group& g, void (*rule)(VelDist&, bool, double),
@@ -177,26 +149,12 @@ void FrmKdxToolQuickMoveMulti::CalcVelDist() {
     }
 }
 
-void FrmKdxToolQuickMoveMulti::RunAdvStepHandlers() {
-    for (auto* frame : frames_) {
-        frame->RunChangeHandlers();
-    }
-}
-
 void FrmKdxToolQuickMoveMulti::Activate() {
-    for (int n = 2; n <= 4; ++n) {
-        optMotor_[n - 1]->setEnabled(AxisOffered(n));
-        frames_[n - 1]->setEnabled(AxisOffered(n));
-    }
+    QuickMoveWindow::Activate();
     // Without motor 3 or 4 only the first group moves, alone between the parentheses.
     const bool second = AxisOffered(3) || AxisOffered(4);
     groups_[1].frame->setEnabled(second);
     groups_[1].directions->setEnabled(second);
-}
-
-void FrmKdxToolQuickMoveMulti::showEvent(QShowEvent* event) {
-    FormBase::showEvent(event);
-    Activate();
 }
 
 QuickMoveGroup FrmKdxToolQuickMoveMulti::moveGroup(const Group& g) const {

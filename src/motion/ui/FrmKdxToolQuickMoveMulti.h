@@ -1,7 +1,8 @@
 #pragma once
 // "KDX QuickMove - Simultaneous Axis": one of motors 1 and 2 and one of motors 3 and 4 move at
 // once, each by a distance at a velocity in the user's units, in one command.
-#include "core/ui/FormBase.h"
+#include "QuickMoveWindow.h"
+
 #include "motion/QuickMove.h"
 #include "motion/QuickMoveUnits.h"
 
@@ -10,39 +11,32 @@
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QRadioButton;
 
 namespace korval {
 
-class AdvStepFrame;
 class PictureButton;
 
-class FrmKdxToolQuickMoveMulti final : public FormBase {
+class FrmKdxToolQuickMoveMulti final : public QuickMoveWindow {
     Q_OBJECT
 public:
     FrmKdxToolQuickMoveMulti();
-    ~FrmKdxToolQuickMoveMulti() override;
 
     int CurrentMotor1 = 1;
     int CurrentMotor2 = 3;
     std::array<double, 4> CurrentAdvStep{}; // the advance per step in force for axes 1..4
 
-    AdvStepFrame* FrameAdvStep(int axis) const;
     QLineEdit* TxtVelocity(int group) const { return groupAt(group).velocity; }
     QLineEdit* TxtDistance(int group) const { return groupAt(group).distance; }
 
-    void OptMotor_Click(int axis);
+    void OptMotor_Click(int axis) override;
     void PicMoveMtrs_MouseDown();
     // Both groups into steps, or from steps into the units of their motors.
     void RestoreVelDist();
     void CalcVelDist();
-    void RunAdvStepHandlers();
-    void Activate();
+    // The second group only with motor 3 or 4.
+    void Activate() override;
     // The boxes go into the settings file in steps, as the single axis window's do.
     void PrepareForSave() override { RestoreVelDist(); }
-
-protected:
-    void showEvent(QShowEvent* event) override;
 
 private:
     // One "Axis N Motor Control" frame.
@@ -66,15 +60,12 @@ private:
     bool chosen(const Group& g) const;
     QuickMoveGroup moveGroup(const Group& g) const;
     void convert(Group& g, void (*rule)(VelDist&, bool, double), double advance);
-    void AdvStepChanged(int axis);
-    void UnitsChanged(int axis);
+    void AdvStepChanged(int axis) override;
+    void UnitsChanged(int axis) override;
     void showUnits(Group& g);
 
     std::array<Group, 2> groups_;
     PictureButton* picMoveMtrs_ = nullptr;
-    std::array<QRadioButton*, 4> optMotor_{};
-    std::array<AdvStepFrame*, 4> frames_{};
-    std::array<int, 8> subscriptions_{};
 };
 
 } // namespace korval

@@ -28,13 +28,10 @@ ClsKdxAxis& axisRecord(int axis) {
 } // namespace
 
 FrmKdxToolQuickMoveSingle::FrmKdxToolQuickMoveSingle()
-    : FormBase("FrmKdxToolQuickMoveSingle", "KDX QuickMove - Single Axis") {
+    : QuickMoveWindow("FrmKdxToolQuickMoveSingle", "KDX QuickMove - Single Axis") {
     auto* layout = new QVBoxLayout(this);
     auto* motors = MotorFrame("FrameMotor", "Motor", 1, 4, this);
     layout->addWidget(motors);
-    for (int n = 1; n <= 4; ++n) {
-        optMotor_[n - 1] = OptMotor(*this, n);
-    }
 
     auto* grid = new QGridLayout();
     txtVelocity_ = NamedBox("TxtVelocity", "2000", this);
@@ -49,25 +46,7 @@ FrmKdxToolQuickMoveSingle::FrmKdxToolQuickMoveSingle()
     grid->addWidget(picMovePositive_, 0, 4, 2, 1);
     layout->addLayout(grid);
 
-    auto* advance = new QGridLayout();
-    for (int n = 1; n <= 4; ++n) {
-        frames_[n - 1] = new AdvStepFrame(n, axisRecord(n), this);
-        advance->addWidget(frames_[n - 1], (n - 1) / 2, (n - 1) % 2);
-    }
-    layout->addLayout(advance);
-
-    for (int n = 1; n <= 4; ++n) {
-        auto& record = axisRecord(n);
-        subscriptions_[n - 1] =
-            record.AdvStepChanged.subscribe([this, n](const std::string&) { AdvStepChanged(n); });
-        subscriptions_[n + 3] =
-            record.UnitsChanged.subscribe([this, n](const std::string&) { UnitsChanged(n); });
-        connect(optMotor_[n - 1], &QRadioButton::toggled, this, [this, n](bool on) {
-            if (on) {
-                OptMotor_Click(n);
-            }
-        });
-    }
+    addAxes(*layout);
     connect(picMoveNegative_, &PictureButton::pressed, this,
             [this] { PicMove_MouseDown(QuickMoveDirection::Negative); });
     connect(picMovePositive_, &PictureButton::pressed, this,
@@ -77,19 +56,8 @@ FrmKdxToolQuickMoveSingle::FrmKdxToolQuickMoveSingle()
     for (int n = 1; n <= 4; ++n) {
         auto one = Currency::fromUnits(Currency::Scale);
         axisRecord(n).SetAdvStep(one);
-        frames_[n - 1]->TxtAdvStepUnits_Change();
+        FrameAdvStep(n)->TxtAdvStepUnits_Change();
     }
-}
-
-FrmKdxToolQuickMoveSingle::~FrmKdxToolQuickMoveSingle() {
-    for (int n = 1; n <= 4; ++n) {
-        axisRecord(n).AdvStepChanged.unsubscribe(subscriptions_[n - 1]);
-        axisRecord(n).UnitsChanged.unsubscribe(subscriptions_[n + 3]);
-    }
-}
-
-AdvStepFrame* FrmKdxToolQuickMoveSingle::FrameAdvStep(int axis) const {
-    return frames_.at(static_cast<std::size_t>(axis - 1));
 }
 
 VelDist FrmKdxToolQuickMoveSingle::boxes() const {
@@ -108,7 +76,7 @@ void FrmKdxToolQuickMoveSingle::showUnits(const std::string& units) {
 
 void FrmKdxToolQuickMoveSingle::AdvStepChanged(int axis) {
     const auto& record = axisRecord(axis);
-    if (optMotor_[axis - 1]->isChecked() && !record.GetOldAdvStep().empty()) {
+    if (option(axis)->isChecked() && !record.GetOldAdvStep().empty()) {
         auto b = boxes();
         korval::AdvStepChanged(b, record);
         setBoxes(b);
@@ -116,7 +84,7 @@ void FrmKdxToolQuickMoveSingle::AdvStepChanged(int axis) {
 }
 
 void FrmKdxToolQuickMoveSingle::UnitsChanged(int axis) {
-    if (optMotor_[axis - 1]->isChecked()) {
+    if (option(axis)->isChecked()) {
         showUnits(axisRecord(axis).GetAdvStepUnits());
     }
 }
@@ -138,24 +106,6 @@ void FrmKdxToolQuickMoveSingle::OptMotor_Click(int axis) {
     CurrentMotor = axis;
     CalcVelDist();
     showUnits(axisRecord(axis).GetAdvStepUnits());
-}
-
-void FrmKdxToolQuickMoveSingle::RunAdvStepHandlers() {
-    for (auto* frame : frames_) {
-        frame->RunChangeHandlers();
-    }
-}
-
-void FrmKdxToolQuickMoveSingle::Activate() {
-    for (int n = 2; n <= 4; ++n) {
-        optMotor_[n - 1]->setEnabled(AxisOffered(n));
-        frames_[n - 1]->setEnabled(AxisOffered(n));
-    }
-}
-
-void FrmKdxToolQuickMoveSingle::showEvent(QShowEvent* event) {
-    FormBase::showEvent(event);
-    Activate();
 }
 
 void FrmKdxToolQuickMoveSingle::PicMove_MouseDown(QuickMoveDirection direction) {
