@@ -2,11 +2,11 @@
 // without comments, and opening it for editing, and the longest time the window does not get to
 // its events meanwhile (max_stall_ms).
 #include "KorvalStartup.h"
+#include "ProgramFolder.h"
 #include "core/AtomicFile.h"
 #include "core/Prompts.h"
 #include "scripts/ui/FrmKdxToolScriptEditor.h"
 #include "scripts/ui/ScriptMenus.h"
-#include "support/TempFolder.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -14,7 +14,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
 #include <optional>
 
 namespace {
@@ -72,9 +71,7 @@ qint64 longestStall(const std::function<void()>& work) {
 
 void BM_ScriptOfOneMegabyte(benchmark::State& state) {
     TempFolder folder;
-    std::filesystem::create_directory_symlink(KORVAL_DRIVER_DIR, folder.file("Driver"));
-    std::filesystem::create_directories(folder.file("Config"));
-    qputenv("KORVAL_PORTS", QByteArray::fromStdString(folder.file("ports")));
+    MakeProgramFolder(folder);
     OpenPrompts prompts;
     korval::KorvalStartup program(prompts, korval::FoldersFor(folder.path()));
     auto& app = program.services();

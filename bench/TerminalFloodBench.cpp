@@ -1,12 +1,12 @@
 // A controller that talks without pause at 38400 baud into the open terminal: how long is the
 // longest time the window does not get to its events? Reported as max_stall_ms.
 #include "KorvalStartup.h"
+#include "ProgramFolder.h"
 #include "core/Prompts.h"
 #include "core/ui/MdiKorval.h"
 #include "link/PortMap.h"
 #include "scripts/ui/FrmKdxToolTerminal.h"
 #include "support/PtyPeer.h"
-#include "support/TempFolder.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -16,9 +16,6 @@
 #include <QTimer>
 
 #include <benchmark/benchmark.h>
-
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
@@ -33,12 +30,7 @@ struct NoPrompts : korval::Prompts {
 
 void BM_TerminalFlood38400(benchmark::State& state) {
     TempFolder folder;
-    std::filesystem::create_directory_symlink(KORVAL_DRIVER_DIR, folder.file("Driver"));
-    std::filesystem::create_directories(folder.file("Config"));
-    // A returning user: a first run would open the set-up wizard, which waits for its user.
-    std::ofstream(folder.file("Config/KORVAL Settings.ini"), std::ios::binary)
-        << "[Run]\r\nTimes=1\r\n";
-    qputenv("KORVAL_PORTS", QByteArray::fromStdString(folder.file("ports")));
+    MakeProgramFolder(folder);
     PtyPeer peer(answerStatus([] { return std::string("R"); }));
     korval::PortMap().registerPort(1, peer.device());
     NoPrompts prompts;
